@@ -1,0 +1,51 @@
+#pragma once
+// Text helpers. UTF-8 std::string is the text type everywhere; Shift-JIS (CP932) bytes exist only
+// at the edges, as SjisBytes, so that every conversion is visible in the code.
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace lupin::text {
+
+// Bytes in the Windows code page 932. A distinct type so UTF-8 and CP932 never mix by accident.
+struct SjisBytes {
+  std::string bytes;
+  friend bool operator==(const SjisBytes&, const SjisBytes&) = default;
+};
+
+// UTF-8 to CP932 with the Windows table (～ 8160, － 817C, ① 8740, ㈱ 878A). A character outside
+// CP932 becomes "?" (one byte), as the old runtime did.
+SjisBytes ToCp932(std::string_view utf8);
+// CP932 to UTF-8; an invalid byte becomes U+FFFD, never an exception.
+std::string FromCp932(std::string_view cp932);
+
+// Byte helpers: positions and counts are in CP932 bytes, 1-based like the old runtime.
+int ByteLen(std::string_view text);
+std::string ByteLeft(std::string_view text, int count);
+std::string ByteMid(std::string_view text, int start, int count = 0);
+int ByteClass(std::string_view text, int position);
+int ByteInStr(std::string_view text, std::string_view find, int start, int compare);
+bool IsLatinText(std::string_view text, int mode);
+
+// Narrow and wide conversion as Japanese Windows does it (StrConv vbNarrow / vbWide).
+std::string ToNarrow(std::string_view text);
+std::string ToWide(std::string_view text);
+std::string ToLower(std::string_view text);  // ASCII and full-width Latin letters
+std::string ToUpper(std::string_view text);
+
+// "Text compare": equality and search that ignore case and width (vbTextCompare).
+bool TextEquals(std::string_view a, std::string_view b);
+// 1-based character position of find in text at or after character start, 0 when absent.
+int TextInStr(std::string_view text, std::string_view find, int start = 1);
+// Replace every occurrence of find (text compare) by with.
+std::string TextReplace(std::string_view text, std::string_view find, std::string_view with);
+
+// Characters as the old runtime saw them: one code point each.
+int CharLen(std::string_view text);
+std::string CharLeft(std::string_view text, int count);
+std::string CharMid(std::string_view text, int start, int count = -1);  // 1-based; -1 to the end
+std::string CharRight(std::string_view text, int count);
+std::u32string ToU32(std::string_view utf8);
+std::string FromU32(std::u32string_view text);
+
+}  // namespace lupin::text

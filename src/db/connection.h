@@ -1,0 +1,60 @@
+#pragma once
+// The ADO-shaped connection that every statement of the component runs on.
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "db/recordset.h"
+
+namespace lupin::db {
+
+// A database error, carrying the engine's own message.
+struct DbError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+enum class Engine { Sqlite, Postgres };
+
+class Connection {
+ public:
+  virtual ~Connection() = default;
+  Connection() = default;
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+
+  // Runs a statement that returns no rows; the number of rows it touched when known, else -1.
+  // Inside a transaction a driver may defer the statement to send several in one round trip; a
+  // deferred statement's error then surfaces at the next Open, Execute of a query, or CommitTrans.
+  virtual long Execute(std::string_view sql) = 0;
+  virtual Recordset Open(std::string_view sql) = 0;
+  virtual void BeginTrans() = 0;
+  virtual void CommitTrans() = 0;
+  virtual void RollbackTrans() = 0;
+  virtual bool InTransaction() const = 0;
+  virtual Engine GetEngine() const = 0;
+};
+
+// "sqlite:PATH" (":memory:" allowed) or "postgresql://..." / "postgres://...".
+std::unique_ptr<Connection> OpenConnection(std::string_view url);
+
+// Rolls back on scope exit unless committed: staging and bookkeeping use it.
+class Transaction {
+ public:
+  explicit Transaction(Connection& connection) : connection_(connection) { connection_.BeginTrans(); }
+  ~Transaction() {
+    if (!done_) {
+      try { connection_.RollbackTrans(); } catch (...) {}
+    }
+  }
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+  void Commit() { connection_.CommitTrans(); done_ = true; }
+  void Rollback() { connection_.RollbackTrans(); done_ = true; }
+
+ private:
+  Connection& connection_;
+  bool done_ = false;
+};
+
+}  // namespace lupin::db
