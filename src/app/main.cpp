@@ -1,1 +1,24 @@
-int main() { return 0; }
+// lupinprint: the headless entry of the print component, for scripts, batch jobs and tests.
+#include <CLI/CLI.hpp>
+
+#include <clocale>
+#include <exception>
+#include <iostream>
+
+#include "app/command_registry.h"
+
+int main(int argc, char** argv) {
+  std::setlocale(LC_ALL, "C.UTF-8");
+  CLI::App root{"lupinprint — LupinOrder6 の印刷・出力コンポーネント (コマンドライン版)"};
+  root.require_subcommand(1);
+  for (const auto& install : lupin::app::Installers()) install(root);
+  try {
+    root.parse(argc, argv);
+  } catch (const CLI::ParseError& e) {
+    return root.exit(e);
+  } catch (const std::exception& e) {
+    std::cerr << "エラー: " << e.what() << '\n';
+    return 1;
+  }
+  return 0;
+}
