@@ -1,0 +1,24 @@
+#pragma once
+// Numbers written in kanji, as addresses write them ("三丁目", "二十一番地"), read as digits.
+#include <string>
+#include <string_view>
+
+namespace lupin::money {
+
+// Replaces the formal numerals (壱, 弐, 拾, 萬, 廿 …) in place by the plain ones (一, 二, 十, 万, 二十 …).
+void NormalizeDaiji(std::string& text);
+
+// The digits of a kanji number: "二十一" → "21", "壱萬弐千" → "12000"; an empty number → "0".
+std::string KansujiToDigits(std::string_view text);
+
+// Whether a character belongs to a kanji number. "〇" and "０" count only when the next character
+// counts too, so a lone zero sign inside a name is not a number.
+bool IsKansujiChar(char32_t ch, char32_t next);
+// The same on UTF-8 text: the first character of `ch` and of `next` (empty: no next character).
+bool IsKansujiChar(std::string_view ch, std::string_view next);
+
+// Gives a number written digit by digit with "〇" or "０" its units in place ("二〇三" → "二百三",
+// "二〇二四" → "二千二十四"), so that KansujiToDigits reads it as the same number.
+void FillPositional(std::string& text);
+
+}  // namespace lupin::money

@@ -1,0 +1,82 @@
+#include "money/zei_info.h"
+
+#include <string>
+
+#include "money/errors.h"
+#include "money/tax_date.h"
+
+namespace lupin::money {
+
+namespace {
+
+db::Connection& Require(db::Connection* connection) {
+  if (connection == nullptr) throw db::DbError("clsZeiInfo: SetDb が呼ばれていません。");
+  return *connection;
+}
+
+}  // namespace
+
+void clsZeiInfo::SetDb(db::Connection& connection, int dialect) {
+  connection_ = &connection;
+  dialect_ = dialect;
+  db::Recordset rs = connection.Open(std::string("SELECT") + " MIN([FROM_DATE]) AS MINDATE" +
+                                     " FROM [TAX]" + " WHERE [REDUCEDKBN] = 1");
+  if (rs.Eof()) return;
+  // MIN over no rows is one NULL row; the old code converted it anyway and failed.
+  const auto date = vb::CDate(rs["MINDATE"].Text());
+  if (!date) throw TypeMismatchError();
+  reduced_start_date_ = *date;
+}
+
+void clsZeiInfo::GetData() {
+  db::Recordset rs = Require(connection_).Open(
+      std::string("SELECT") + " MAIN.[REDUCEDKBN]" + ",MAIN.[RATE]" + ",MAIN.[OLDRATE]" +
+      " FROM [TAX] MAIN" + " WHERE MAIN.[FROM_DATE] = (" + "SELECT" + " MAX(SUB.[FROM_DATE])" +
+      " FROM [TAX] SUB" + " WHERE SUB.[FROM_DATE] <= " + TaxDateLiteral(dialect_, kijyun_) + ")" +
+      " ORDER BY MAIN.[REDUCEDKBN]");
+  // No row leaves the previous arrays standing: callers rely on the last rates surviving.
+  bool first = true;
+  while (!rs.Eof()) {
+    if (first) {
+      kinds_.clear();
+      rates_.clear();
+      old_rates_.clear();
+      first = false;
+    }
+    kinds_.push_back(vb::CInt(rs["REDUCEDKBN"].Number()));
+    rates_.push_back(vb::Currency::FromDouble(rs["RATE"].Number() / 100));
+    old_rates_.push_back(vb::Currency::FromDouble(rs["OLDRATE"].Number() / 100));
+    rs.MoveNext();
+  }
+}
+
+int clsZeiInfo::FindKind(std::int16_t kind) const {
+  for (std::size_t i = 0; i < kinds_.size(); ++i) {
+    if (kinds_[i] == kind) return static_cast<int>(i);
+  }
+  return -1;
+}
+
+bool clsZeiInfo::IsExistReduced() const {
+  for (std::int16_t kind : kinds_) {
+    if (kind != 0) return true;
+  }
+  return false;
+}
+
+vb::Currency clsZeiInfo::NormalRate() const {
+  const int i = FindKind(0);
+  return i < 0 ? vb::Currency{} : rates_[static_cast<std::size_t>(i)];
+}
+
+vb::Currency clsZeiInfo::ReducedRate() const {
+  const int i = FindKind(1);
+  return i < 0 ? vb::Currency{} : rates_[static_cast<std::size_t>(i)];
+}
+
+vb::Currency clsZeiInfo::OldNormalRate() const {
+  const int i = FindKind(0);
+  return i < 0 ? vb::Currency{} : old_rates_[static_cast<std::size_t>(i)];
+}
+
+}  // namespace lupin::money

@@ -1,0 +1,48 @@
+#pragma once
+// Which consumption-tax rates were in force on a reference date, from the TAX table.
+#include <cstdint>
+#include <vector>
+
+#include "common/currency.h"
+#include "common/vb.h"
+#include "db/connection.h"
+
+namespace lupin::money {
+
+// Calling order: SetDb once, then per date set Kijyun and call GetData, then read the rates.
+// When no rate generation starts on or before Kijyun, GetData leaves the rates it held: zero on a
+// new object, the previous date's rates on a used one.
+class clsZeiInfo {
+ public:
+  clsZeiInfo() = default;
+
+  // Keeps the connection (the caller's; never closed here) and loads ReducedStartDate. Raises
+  // TypeMismatchError when TAX has no reduced row (MIN gives NULL, which is no date).
+  // `dialect` picks the date delimiter; SQLite and PostgreSQL both use mode 0.
+  void SetDb(db::Connection& connection, int dialect = 0);
+
+  vb::DateSerial Kijyun() const { return kijyun_; }
+  void SetKijyun(vb::DateSerial date) { kijyun_ = date; }
+
+  // Loads the youngest generation starting on or before Kijyun, in REDUCEDKBN order.
+  void GetData();
+
+  bool IsExistReduced() const;
+  vb::DateSerial ReducedStartDate() const { return reduced_start_date_; }
+  vb::Currency NormalRate() const;     // first row of kind 0, else 0
+  vb::Currency ReducedRate() const;    // first row of kind 1, else 0
+  vb::Currency OldNormalRate() const;  // OLDRATE of the first row of kind 0, else 0
+
+ private:
+  int FindKind(std::int16_t kind) const;  // index of the first row of that kind, or -1
+
+  db::Connection* connection_ = nullptr;
+  int dialect_ = 0;
+  vb::DateSerial kijyun_ = 0;
+  vb::DateSerial reduced_start_date_ = 0;
+  std::vector<std::int16_t> kinds_{0};
+  std::vector<vb::Currency> rates_{vb::Currency{}};
+  std::vector<vb::Currency> old_rates_{vb::Currency{}};
+};
+
+}  // namespace lupin::money
