@@ -1,0 +1,146 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "common/settings.h"
+
+namespace lupin::settings {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ProfileTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    folder_ = fs::temp_directory_path() /
+              ("lupin_profile_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) + "_" +
+               ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    fs::remove_all(folder_);
+    fs::create_directories(folder_);
+    file_ = folder_ / "test.ini";
+  }
+  void TearDown() override { fs::remove_all(folder_); }
+
+  void Put(const std::string& content) { std::ofstream(file_, std::ios::binary) << content; }
+  std::string Get() const {
+    std::ifstream in(file_, std::ios::binary);
+    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  }
+
+  fs::path folder_;
+  fs::path file_;
+};
+
+struct ReadCase {
+  const char* label;
+  const char* content;
+  const char* section;
+  const char* key;
+  const char* expected;
+};
+
+class ProfileReadTest : public ProfileTest, public ::testing::WithParamInterface<ReadCase> {};
+
+TEST_P(ProfileReadTest, FindsValueAsTheOldCallDid) {
+  Put(GetParam().content);
+  EXPECT_EQ(ReadProfileString(file_, GetParam().section, GetParam().key, "DEF"), GetParam().expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Semantics, ProfileReadTest,
+    ::testing::Values(
+        ReadCase{"plain", "[LupinOrder6]\nTax=0.08\n", "LupinOrder6", "Tax", "0.08"},
+        ReadCase{"section_case", "[lupinorder6]\nTax=0.08\n", "LUPINORDER6", "Tax", "0.08"},
+        ReadCase{"key_case", "[S]\nDBPath=C:\\db\n", "S", "dbpath", "C:\\db"},
+        ReadCase{"blanks_trimmed", "[S]\n  Tax   =   0.1  \n", "S", "Tax", "0.1"},
+        ReadCase{"crlf", "[S]\r\nTax=0.1\r\nX=2\r\n", "S", "Tax", "0.1"},
+        ReadCase{"empty_value_is_not_default", "[S]\nTax=\n", "S", "Tax", ""},
+        ReadCase{"missing_key", "[S]\nOther=1\n", "S", "Tax", "DEF"},
+        ReadCase{"key_in_other_section", "[A]\nTax=1\n[S]\nOther=1\n", "S", "Tax", "DEF"},
+        ReadCase{"next_section_ends_search", "[S]\nA=1\n[T]\nTax=9\n", "S", "Tax", "DEF"},
+        ReadCase{"first_section_wins", "[S]\nA=1\n[S]\nTax=9\n", "S", "Tax", "DEF"},
+        ReadCase{"first_key_wins", "[S]\nTax=1\nTax=2\n", "S", "Tax", "1"},
+        ReadCase{"comment_is_not_key", "[S]\n;Tax=1\n", "S", "Tax", "DEF"},
+        ReadCase{"double_quotes_dropped", "[S]\nPath=\"a b\"\n", "S", "Path", "a b"},
+        ReadCase{"single_quotes_dropped", "[S]\nPath='a b'\n", "S", "Path", "a b"},
+        ReadCase{"unmatched_quote_kept", "[S]\nPath=\"a b\n", "S", "Path", "\"a b"},
+        ReadCase{"equals_inside_value", "[S]\nConn=a=b;c=d\n", "S", "Conn", "a=b;c=d"},
+        ReadCase{"japanese_value", "[佐川宅配伝票]\nDEVICE_NAME=事務所プリンタ\n", "佐川宅配伝票", "DEVICE_NAME",
+                 "事務所プリンタ"},
+        ReadCase{"bom", "\xEF\xBB\xBF[S]\nTax=3\n", "S", "Tax", "3"},
+        ReadCase{"no_final_newline", "[S]\nTax=3", "S", "Tax", "3"}),
+    [](const auto& p) { return std::string(p.param.label); });
+
+TEST_F(ProfileTest, MissingFileGivesDefault) {
+  EXPECT_EQ(ReadProfileString(folder_ / "none.ini", "S", "K", "0.05"), "0.05");
+  EXPECT_EQ(ReadProfileString(folder_ / "none.ini", "S", "K", ""), "");
+}
+
+TEST_F(ProfileTest, ValueIsCutAtBufferSizeInCharacters) {
+  const std::string long_ascii(1500, 'x');
+  std::string long_japanese;
+  for (int i = 0; i < 1100; ++i) long_japanese += "あ";
+  Put("[S]\nA=" + long_ascii + "\nB=" + long_japanese + "\n");
+  EXPECT_EQ(ReadProfileString(file_, "S", "A", ""), std::string(1024, 'x'));
+  const std::string b = ReadProfileString(file_, "S", "B", "");
+  EXPECT_EQ(b.size(), 1024u * 3);  // 1,024 characters of three UTF-8 bytes each
+}
+
+struct WriteCase {
+  const char* label;
+  const char* before;
+  const char* section;
+  const char* key;
+  const char* value;
+  const char* after;
+};
+
+class ProfileWriteTest : public ProfileTest, public ::testing::WithParamInterface<WriteCase> {};
+
+TEST_P(ProfileWriteTest, ChangesOnlyTheOneKey) {
+  if (GetParam().before) Put(GetParam().before);
+  ASSERT_TRUE(WriteProfileString(file_, GetParam().section, GetParam().key, GetParam().value));
+  EXPECT_EQ(Get(), GetParam().after);
+  EXPECT_EQ(ReadProfileString(file_, GetParam().section, GetParam().key, "DEF"), GetParam().value);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Semantics, ProfileWriteTest,
+    ::testing::Values(
+        WriteCase{"new_file", nullptr, "LupinOrder6", "Tax", "0.1", "[LupinOrder6]\nTax=0.1\n"},
+        WriteCase{"replace_keeps_comments", "; settings\n[S]\n; rate\nTax=0.05\nOther=1\n", "S", "tax", "0.1",
+                  "; settings\n[S]\n; rate\ntax=0.1\nOther=1\n"},
+        WriteCase{"append_in_section_before_blank", "[S]\nA=1\n\n[T]\nB=2\n", "S", "K", "v",
+                  "[S]\nA=1\nK=v\n\n[T]\nB=2\n"},
+        WriteCase{"same_key_other_section_untouched", "[A]\nK=1\n[B]\nK=2\n", "b", "K", "3",
+                  "[A]\nK=1\n[B]\nK=3\n"},
+        WriteCase{"section_created_at_end", "[A]\nK=1\n", "B", "K", "2", "[A]\nK=1\n[B]\nK=2\n"},
+        WriteCase{"section_at_end_without_final_newline", "[A]\nK=1", "B", "K", "2", "[A]\nK=1\n[B]\nK=2\n"},
+        WriteCase{"crlf_file_stays_crlf", "[A]\r\nK=1\r\n", "A", "L", "2", "[A]\r\nK=1\r\nL=2\r\n"},
+        WriteCase{"last_line_without_newline", "[A]\nK=1", "A", "L", "2", "[A]\nK=1\nL=2"},
+        WriteCase{"empty_value", "[A]\nK=1\n", "A", "K", "", "[A]\nK=\n"}),
+    [](const auto& p) { return std::string(p.param.label); });
+
+TEST_F(ProfileTest, WriteLeavesNoTemporaryFiles) {
+  ASSERT_TRUE(WriteProfileString(file_, "S", "K", "1"));
+  ASSERT_TRUE(WriteProfileString(file_, "S", "K", "2"));
+  int count = 0;
+  for ([[maybe_unused]] const auto& entry : fs::directory_iterator(folder_)) ++count;
+  EXPECT_EQ(count, 1);
+}
+
+TEST_F(ProfileTest, WriteIntoMissingFolderFails) {
+  EXPECT_FALSE(WriteProfileString(folder_ / "no" / "such" / "x.ini", "S", "K", "1"));
+}
+
+TEST_F(ProfileTest, LineBreakInValueCannotForgeAnotherKey) {
+  ASSERT_TRUE(WriteProfileString(file_, "S", "K", "a\nInjected=1"));
+  EXPECT_EQ(ReadProfileString(file_, "S", "Injected", "none"), "none");
+  EXPECT_EQ(ReadProfileString(file_, "S", "K", ""), "a");
+}
+
+}  // namespace
+}  // namespace lupin::settings
