@@ -1,0 +1,37 @@
+#pragma once
+// Engine-internal: draws the items of a page on a Cairo context, for every output surface.
+#include <cairo.h>
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "engine/barcode.h"
+#include "engine/page_model.h"
+#include "engine/render_shaper.h"
+
+namespace lupin::engine {
+
+class PageDrawer {
+ public:
+  PageDrawer() = default;
+
+  // cr's user unit is one point, origin at the page's top-left. What cannot be drawn (a bar code
+  // of bad data) is appended to problems and the rest of the page still drawn.
+  void Draw(cairo_t* cr, const Page& page, std::vector<std::string>& problems);
+
+ private:
+  void SetColour(cairo_t* cr, std::uint32_t rgb);
+  void DrawText(cairo_t* cr, const PageItem& item);
+  void DrawShape(cairo_t* cr, const PageItem& item);
+  void DrawLine(cairo_t* cr, const PageItem& item);
+  void DrawBarcode(cairo_t* cr, const PageItem& item, std::vector<std::string>& problems);
+
+  TextShaper shaper_;
+  std::unordered_map<std::string, BarcodeSymbol> barcodes_;
+  std::vector<cairo_glyph_t> glyphs_;
+  std::int64_t colour_ = -1;  // last source colour set on the current page
+};
+
+}  // namespace lupin::engine

@@ -1,0 +1,36 @@
+#pragma once
+// PDF output: each page is written to the file as it arrives, so memory stays flat however long
+// the run. Fonts are embedded as subsets; text stays extractable.
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "engine/page_model.h"
+
+namespace lupin::engine {
+
+class PdfRenderer : public PageSink {
+ public:
+  explicit PdfRenderer(std::string path);
+  ~PdfRenderer() override;
+  PdfRenderer(const PdfRenderer&) = delete;
+  PdfRenderer& operator=(const PdfRenderer&) = delete;
+
+  // Throws RenderError when the file cannot be created or written.
+  void Begin(const DocumentInfo& info) override;
+  void AddPage(const Page& page) override;
+  void End() override;
+
+  int PageCount() const { return pages_; }
+  // Items that could not be drawn, "name: reason"; the pages are complete otherwise.
+  const std::vector<std::string>& Problems() const { return problems_; }
+
+ private:
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+  std::string path_;
+  int pages_ = 0;
+  std::vector<std::string> problems_;
+};
+
+}  // namespace lupin::engine
