@@ -35,4 +35,8 @@ struct Context {
   const std::string& ClientName() const { return login.client_name; }
 };
 
+// Reads the dialect (ResouceMode, default "1") and the tax rate (Tax, default "0.05") from the
+// settings into the context, and makes the user settings folder; done when the selection form loads.
+void InitialiseContextSettings(Context& context);
+
 }  // namespace lupin::entry

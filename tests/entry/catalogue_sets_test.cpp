@@ -1,0 +1,156 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+#include <vector>
+
+#include "entry/catalogue.h"
+
+namespace lupin::entry {
+namespace {
+
+std::set<int> Range(int from, int to) {
+  std::set<int> numbers;
+  for (int n = from; n <= to; ++n) numbers.insert(n);
+  return numbers;
+}
+
+std::set<int> Join(std::initializer_list<std::set<int>> parts) {
+  std::set<int> all;
+  for (const auto& part : parts) all.insert(part.begin(), part.end());
+  return all;
+}
+
+struct SetCase {
+  const char* name;
+  bool (*member)(std::int32_t);
+  std::set<int> expected;
+};
+
+class NamedSetTest : public ::testing::TestWithParam<SetCase> {};
+
+TEST_P(NamedSetTest, MembersExactly) {
+  for (int n = -3; n <= 130; ++n)
+    EXPECT_EQ(GetParam().member(n), GetParam().expected.count(n) == 1) << GetParam().name << " " << n;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Sets, NamedSetTest,
+    ::testing::Values(
+        SetCase{"Waybill", IsWaybillReport, Join({{2, 3}, Range(16, 21), {25, 26}, Range(40, 43), Range(47, 49), {51, 52}})},
+        SetCase{"Direct", IsDirectReport, {35, 44, 45, 46}},
+        SetCase{"SalesSummary", IsSalesSummaryReport, {44, 45, 46}},
+        SetCase{"File", IsFileReport, Join({Range(89, 99), {101, 102, 104}})},
+        SetCase{"Collect", IsCollectReport,
+                {3, 17, 19, 21, 26, 32, 34, 40, 41, 43, 48, 49, 50, 52, 89, 90, 91, 95, 96, 97, 102, 104}},
+        SetCase{"SilentNone", IsSilentNoneReport, Range(9, 15)}),
+    [](const auto& p) { return std::string(p.param.name); });
+
+TEST(WaybillReports, OneTestLeavesOutEveryOtherNumber) {
+  // Everything below 2, 4-15, 22-24, 27-39, 44-46, 50 and above 52 is out.
+  const std::set<int> out = Join({Range(-3, 1), Range(4, 15), Range(22, 24), Range(27, 39), Range(44, 46), {50},
+                                  Range(53, 130)});
+  for (int n = -3; n <= 130; ++n) EXPECT_NE(IsWaybillReport(n), out.count(n) == 1) << n;
+  // Fukuyama and Seino get no waybill numbers from this component, collect or not.
+  for (const CatalogueEntry* e = CatalogueBegin(); e != CatalogueEnd(); ++e) {
+    if (e->carrier == Carrier::Fukuyama || e->carrier == Carrier::Seino) {
+      EXPECT_FALSE(e->waybill) << e->report_no;
+    }
+  }
+}
+
+TEST(CatalogueTable, EveryNumberInOrderWithConsistentColumns) {
+  ASSERT_EQ(CatalogueEnd() - CatalogueBegin(), 105);
+  int expected_no = 0;
+  for (const CatalogueEntry* e = CatalogueBegin(); e != CatalogueEnd(); ++e, ++expected_no) {
+    SCOPED_TRACE(e->report_no);
+    EXPECT_EQ(e->report_no, expected_no);
+    EXPECT_EQ(&CatalogueOf(e->report_no), e);
+    // A page report or file always names its object; a number without output names none.
+    EXPECT_EQ(e->output == OutputKind::None, e->object.empty());
+    if (e->output == OutputKind::File) {
+      EXPECT_TRUE(e->object.starts_with("mod") || e->object.starts_with("cls"));
+    } else if (e->output == OutputKind::Report) {
+      EXPECT_TRUE(e->object.starts_with("rpt"));
+    }
+  }
+}
+
+struct EntryCase {
+  int number;
+  OutputKind output;
+  const char* object;
+  SourceRows source;
+  Carrier carrier;
+  const char* delivery_name;
+};
+
+class CatalogueEntryTest : public ::testing::TestWithParam<EntryCase> {};
+
+TEST_P(CatalogueEntryTest, Columns) {
+  const CatalogueEntry& e = CatalogueOf(GetParam().number);
+  EXPECT_EQ(e.output, GetParam().output);
+  EXPECT_EQ(e.object, GetParam().object);
+  EXPECT_EQ(e.source, GetParam().source);
+  EXPECT_EQ(e.carrier, GetParam().carrier);
+  EXPECT_EQ(e.delivery_name, GetParam().delivery_name);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Samples, CatalogueEntryTest,
+    ::testing::Values(
+        EntryCase{0, OutputKind::Report, "rptNouhin", SourceRows::Orders, Carrier::None, "納品書"},
+        EntryCase{2, OutputKind::None, "", SourceRows::Orders, Carrier::Yamato, ""},
+        EntryCase{9, OutputKind::None, "", SourceRows::Nothing, Carrier::None, ""},
+        EntryCase{23, OutputKind::Report, "rptLabel12_Mikomi", SourceRows::Customers, Carrier::None,
+                  "宛名ラベル (顧客情報)"},
+        EntryCase{28, OutputKind::Report, "rptList", SourceRows::Orders, Carrier::None, ""},
+        EntryCase{29, OutputKind::Report, "rptYamatoNew", SourceRows::Customers, Carrier::Yamato, ""},
+        EntryCase{30, OutputKind::Report, "rptYamato_ColectNew", SourceRows::Customers, Carrier::Yamato, ""},
+        EntryCase{32, OutputKind::Report, "rptFukuyama", SourceRows::Orders, Carrier::Fukuyama, "福通代引き伝票"},
+        EntryCase{35, OutputKind::Report, "rptItemList", SourceRows::ItemAggregation, Carrier::None,
+                  "商品別売上集計表"},
+        EntryCase{45, OutputKind::Report, "rptUriage", SourceRows::SalesAggregation, Carrier::None,
+                  "週別売上集計表"},
+        EntryCase{50, OutputKind::Report, "rptFukuyamaColectNew", SourceRows::Orders, Carrier::Fukuyama, ""},
+        EntryCase{56, OutputKind::Report, "rptNouhinInvoice", SourceRows::Orders, Carrier::None, ""},
+        EntryCase{57, OutputKind::None, "", SourceRows::Nothing, Carrier::None, ""},
+        EntryCase{91, OutputKind::File, "modEhidenCsv", SourceRows::Orders, Carrier::Sagawa, "e-飛伝"},
+        EntryCase{92, OutputKind::File, "clsWellNet", SourceRows::Orders, Carrier::None, "WELLNETコンペイ君"},
+        EntryCase{100, OutputKind::None, "", SourceRows::Nothing, Carrier::None, ""},
+        EntryCase{101, OutputKind::File, "modAmazonSyukka", SourceRows::Orders, Carrier::None, ""},
+        EntryCase{103, OutputKind::None, "", SourceRows::Nothing, Carrier::None, ""},
+        EntryCase{104, OutputKind::File, "modEhiden3Csv", SourceRows::Orders, Carrier::Sagawa, ""},
+        EntryCase{105, OutputKind::None, "", SourceRows::Nothing, Carrier::None, ""},
+        EntryCase{-1, OutputKind::None, "", SourceRows::Nothing, Carrier::None, ""}),
+    [](const auto& p) { return "n" + std::to_string(p.param.number < 0 ? 999 : p.param.number); });
+
+struct LedgerCase {
+  int printed;
+  int stored;
+};
+
+class LedgerTest : public ::testing::TestWithParam<LedgerCase> {};
+
+TEST_P(LedgerTest, FileNumbersAreMapped) { EXPECT_EQ(LedgerReportNo(GetParam().printed), GetParam().stored); }
+
+INSTANTIATE_TEST_SUITE_P(Cases, LedgerTest,
+                         ::testing::Values(LedgerCase{89, 95}, LedgerCase{96, 91}, LedgerCase{104, 91},
+                                           LedgerCase{97, 90}, LedgerCase{90, 90}, LedgerCase{91, 91},
+                                           LedgerCase{95, 95}, LedgerCase{102, 102}, LedgerCase{0, 0},
+                                           LedgerCase{25, 25}));
+
+TEST(CustomerReports, DecidedByOtherTable) {
+  EXPECT_TRUE(IsCustomerReport("CUSTOMER"));
+  EXPECT_FALSE(IsCustomerReport(""));
+  EXPECT_FALSE(IsCustomerReport("CHUMON"));
+  // The numbers delivered as customer reports are those reading customer rows.
+  std::vector<int> customer_sources;
+  for (const CatalogueEntry* e = CatalogueBegin(); e != CatalogueEnd(); ++e) {
+    if (e->source == SourceRows::Customers) customer_sources.push_back(e->report_no);
+  }
+  EXPECT_EQ(customer_sources, (std::vector<int>{23, 29, 30}));
+}
+
+}  // namespace
+}  // namespace lupin::entry
