@@ -30,4 +30,11 @@ struct ReportDefinition {
   std::string other_tbl_name;                // "CUSTOMER" makes a customer report
 };
 
+// Whether the definition's Where mask checks chkChumonOption(k), k from 0 to 3. The column holds a
+// four-bit mask; a value outside 0..15 checks nothing.
+constexpr bool WhereChecksOption(int where, int k) {
+  if (where < 0 || where > 15 || k < 0 || k > 3) return false;
+  return ((where >> k) & 1) != 0;
+}
+
 }  // namespace lupin::entry
