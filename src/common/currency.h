@@ -11,6 +11,11 @@ struct OverflowError : std::overflow_error {
   OverflowError() : std::overflow_error("オーバーフローしました。") {}
 };
 
+// Raised where the old runtime raised "Division by zero" (error 11).
+struct DivisionByZeroError : std::domain_error {
+  DivisionByZeroError() : std::domain_error("0 で除算しました。") {}
+};
+
 class Currency {
  public:
   constexpr Currency() = default;

@@ -25,6 +25,12 @@ std::optional<DateSerial> CDate(std::string_view text);
 DateSerial DateAdd(std::string_view interval, int number, DateSerial date);  // "d", "ww", "m", "yyyy"
 int Weekday(DateSerial date);                                                // Sunday = 1
 DateSerial Today();
+DateSerial Now();
+// The time of day of a serial, rounded to the second as the old runtime shows it.
+void SplitTime(DateSerial date, int& hour, int& minute, int& second);
+DateSerial TimeSerialOf(int hour, int minute, int second);
+// A date text as "YYYY/MM/DD", the form the order tables hold.
+std::string DateText(DateSerial date);
 
 // Whole-number conversions with banker's rounding; raise OverflowError outside the range.
 std::int32_t CLng(double value);
@@ -39,5 +45,7 @@ std::string FormatDate(DateSerial date, std::string_view picture);
 // Format of a text value: a numeric text formats as its number, a date text as its date, and
 // "@"/digit masks apply to the characters; otherwise the text is returned unchanged.
 std::string FormatText(std::string_view text, std::string_view picture);
+// The value of a text that IsNumeric accepts ("1,234", " 12 ", "(5)", "¥500"); nothing otherwise.
+std::optional<double> NumericValue(std::string_view text);
 
 }  // namespace lupin::vb
