@@ -1,0 +1,156 @@
+#include <gtest/gtest.h>
+
+#include <cups/cups.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "engine/printer.h"
+#include "engine/render_pdf.h"
+#include "render_test_pages.h"
+
+namespace lupin::engine {
+namespace {
+
+// Starts the private CUPS server of scripts/cups-test-server once for the whole program.
+class CupsServer : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    const std::string command = std::string(LUPIN_SOURCE_DIR) + "/scripts/cups-test-server start 2>&1";
+    FILE* pipe = popen(command.c_str(), "r");
+    ASSERT_NE(pipe, nullptr);
+    std::array<char, 512> line{};
+    std::string output;
+    while (fgets(line.data(), line.size(), pipe) != nullptr) output += line.data();
+    pclose(pipe);
+    const std::string marker = "export CUPS_SERVER=";
+    const auto at = output.find(marker);
+    ASSERT_NE(at, std::string::npos) << output;
+    server_ = output.substr(at + marker.size());
+    server_ = server_.substr(0, server_.find('\n'));
+    pdf_ = (std::filesystem::temp_directory_path() / "lupin_print_job.pdf").string();
+    PdfRenderer renderer(pdf_);
+    renderer.Begin({"rptNouhin", "納品書"});
+    Page page = test::A4Page();
+    page.items.push_back(test::Label("lblTitle", "納品書", 1440, 1440, 4000, 400));
+    renderer.AddPage(page);
+    renderer.End();
+  }
+  void SetUp() override { UseServer(server_); }
+  static void UseServer(const std::string& server) {
+    setenv("CUPS_SERVER", server.c_str(), 1);
+    cupsSetServer(server.c_str());
+  }
+  static inline std::string server_;
+  static inline std::string pdf_;
+};
+
+struct JobAttributes {
+  std::string media, media_source;
+  int orientation = 0;
+};
+
+JobAttributes ReadJob(int job_id) {
+  ipp_t* request = ippNewRequest(IPP_OP_GET_JOB_ATTRIBUTES);
+  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr,
+               "ipp://localhost/printers/LupinPDF");
+  ippAddInteger(request, IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", job_id);
+  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr, "all");
+  ipp_t* response = cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/");
+  JobAttributes out;
+  if (response == nullptr) return out;
+  if (ipp_attribute_t* a = ippFindAttribute(response, "media", IPP_TAG_ZERO)) {
+    out.media = ippGetString(a, 0, nullptr);
+  }
+  if (ipp_attribute_t* a = ippFindAttribute(response, "media-source", IPP_TAG_ZERO)) {
+    out.media_source = ippGetString(a, 0, nullptr);
+  }
+  if (ipp_attribute_t* a = ippFindAttribute(response, "orientation-requested", IPP_TAG_ENUM)) {
+    out.orientation = ippGetInteger(a, 0);
+  }
+  ippDelete(response);
+  return out;
+}
+
+TEST_F(CupsServer, PrinterListShowsTheQueueWithItsMedia) {
+  std::string message;
+  const auto printers = ListPrinters(&message);
+  EXPECT_EQ(message, "");
+  const PrinterInfo* pdf = nullptr;
+  for (const PrinterInfo& p : printers) if (p.name == "LupinPDF") pdf = &p;
+  ASSERT_NE(pdf, nullptr);
+  EXPECT_TRUE(pdf->is_default);
+  for (const char* media : {"iso_a4_210x297mm", "iso_a3_297x420mm", "na_letter_8.5x11in"}) {
+    EXPECT_NE(std::find(pdf->media.begin(), pdf->media.end(), media), pdf->media.end()) << media;
+  }
+}
+
+TEST_F(CupsServer, JobArrivesWithTheReportsPaperAndOrientation) {
+  struct Case {
+    const char* device;
+    int paper_size, bin, orientation;
+    const char* media;
+    const char* source;
+    int ipp_orientation;
+  };
+  const Case cases[] = {
+      {"LupinPDF", 9, 0, 1, "iso_a4_210x297mm", "", 3},
+      {"", 13, 0, 2, "jis_b5_182x257mm", "", 4},  // the default printer
+      {"LupinPDF", 43, 4, 0, "jpn_hagaki_100x148mm", "manual", 0},
+  };
+  for (const Case& c : cases) {
+    PrintJob job;
+    job.pdf_path = pdf_;
+    job.device_name = c.device;
+    job.title = "納品書";
+    job.paper_size = c.paper_size;
+    job.paper_bin = c.bin;
+    job.orientation = c.orientation;
+    const PrintOutcome outcome = SubmitPdf(job);
+    ASSERT_TRUE(outcome.ok) << outcome.message;
+    EXPECT_GT(outcome.job_id, 0);
+    EXPECT_EQ(outcome.printer, "LupinPDF");
+    const JobAttributes attributes = ReadJob(outcome.job_id);
+    EXPECT_EQ(attributes.media, c.media) << c.paper_size;
+    EXPECT_EQ(attributes.media_source, c.source) << c.paper_size;
+    EXPECT_EQ(attributes.orientation, c.ipp_orientation) << c.paper_size;
+  }
+}
+
+TEST_F(CupsServer, FailuresComeBackAsMessages) {
+  struct Case {
+    const char* what;
+    std::string server;
+    std::string device;
+    std::string pdf;
+    const char* message_start;
+  };
+  const Case cases[] = {
+      {"unknown printer", server_, "NoSuchPrinter", pdf_, "プリンタ 'NoSuchPrinter' に印刷できません: "},
+      {"server unreachable", "127.0.0.1:9", "LupinPDF", pdf_, "プリンタ 'LupinPDF' に印刷できません: "},
+      {"no default on an unreachable server", "127.0.0.1:9", "", pdf_, "既定のプリンタに印刷できません: "},
+      {"missing file", server_, "LupinPDF", "/nonexistent/out.pdf",
+       "プリンタ 'LupinPDF' に印刷できません: ファイル '/nonexistent/out.pdf' がありません"},
+  };
+  for (const Case& c : cases) {
+    UseServer(c.server);
+    PrintJob job;
+    job.pdf_path = c.pdf;
+    job.device_name = c.device;
+    PrintOutcome outcome = SubmitPdf(job);
+    EXPECT_FALSE(outcome.ok) << c.what;
+    EXPECT_EQ(outcome.job_id, 0) << c.what;
+    EXPECT_EQ(outcome.message.rfind(c.message_start, 0), 0u) << c.what << ": " << outcome.message;
+  }
+  UseServer("127.0.0.1:9");
+  std::string message;
+  EXPECT_TRUE(ListPrinters(&message).empty());
+  EXPECT_EQ(message.rfind("プリンタの一覧を取得できません: ", 0), 0u) << message;
+}
+
+}  // namespace
+}  // namespace lupin::engine
