@@ -1,0 +1,57 @@
+#pragma once
+// Multi-row INSERT text for the demo data: one statement carries many rows, so PostgreSQL pays one
+// round trip per statement and SQLite parses less.
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "db/connection.h"
+#include "entry/schema.h"
+
+namespace lupin::entry::demo {
+
+// One row of a table, as SQL literals in the table's column order.
+class SqlRow {
+ public:
+  explicit SqlRow(const TableDef& table);
+  // The position of a column; a name the table lacks is a fault of the generator.
+  int Index(std::string_view column) const;
+
+  void Reset();  // every value NULL
+  void Null(int index) { values_[Checked(index)] = "NULL"; }
+  void Text(int index, std::string_view text);
+  void Int(int index, std::int64_t value);
+  void Real(int index, double value);
+
+  void AppendTo(std::string& out) const;
+  const TableDef& Table() const { return table_; }
+
+ private:
+  std::size_t Checked(int index) const;
+  const TableDef& table_;
+  std::vector<std::string> values_;
+};
+
+// Collects rows and sends them as "INSERT INTO t (...) VALUES (...),(...)" in statements of at
+// most `rows_per_statement` rows.
+class InsertBatch {
+ public:
+  InsertBatch(db::Connection& connection, const TableDef& table, int rows_per_statement);
+  void Add(const SqlRow& row);
+  void Flush();
+  long RowsWritten() const { return written_; }
+
+ private:
+  db::Connection& connection_;
+  std::string header_;
+  std::string sql_;
+  int pending_ = 0;
+  int rows_per_statement_;
+  long written_ = 0;
+};
+
+// text with every apostrophe doubled, in apostrophes.
+void AppendQuoted(std::string& out, std::string_view text);
+
+}  // namespace lupin::entry::demo
