@@ -1,0 +1,49 @@
+#pragma once
+// The file reports: where each writes by default, and the writer that turns the print-list grid
+// into the file of an outside system.
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "common/grid.h"
+#include "entry/context.h"
+
+namespace lupin::exchange {
+
+// A writer's answer: 0 done, otherwise the failure text that the print list shows.
+struct FileResult {
+  int code = 0;
+  std::string message;
+};
+
+// One writer per outside system. It reads the checked rows of the grid (and the order tables
+// through the context's connection) and writes the whole file at `path`, or leaves it untouched.
+class FileWriter {
+ public:
+  virtual ~FileWriter() = default;
+  virtual FileResult Write(entry::Context& context, const common::Grid& grid, const std::filesystem::path& path) = 0;
+};
+
+}  // namespace lupin::exchange
+
+namespace lupin::run {
+
+// The output file of a file report: its setting, what the file dialog offers when the setting is
+// empty, and the dialog's filter.
+struct FileReportTarget {
+  std::string setting;        // "EHidenPath" …
+  std::string default_path;   // a folder for the I-CATS and B2 files, else a file
+  std::string filter;
+  std::string current;        // the setting's value, "" when not set
+};
+
+FileReportTarget FileReportTargetOf(const entry::Context& context, std::int32_t report_no);
+
+// The writer of a file report, or null when that writer is not part of this build yet.
+std::unique_ptr<exchange::FileWriter> FileWriterFor(std::int32_t report_no);
+
+// The message for a file report whose writer is missing.
+std::string MissingWriterMessage(std::int32_t report_no);
+
+}  // namespace lupin::run
