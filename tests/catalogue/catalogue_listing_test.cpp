@@ -1,0 +1,88 @@
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "catalogue/catalogue_listing.h"
+#include "common/text.h"
+#include "report_test_fixture.h"
+
+namespace lupin::catalogue {
+namespace {
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
+  return lines;
+}
+
+// Display column where a cell begins: the CP932 byte offset of the text before it.
+int ColumnOf(const std::string& line, const std::string& cell) {
+  const std::size_t at = line.find(cell);
+  return at == std::string::npos ? -1 : text::ByteLen(line.substr(0, at));
+}
+
+const std::vector<CatalogueRow> kRows{{0, "納品書", true, 1}, {25, "ﾔﾏﾄ", false, 20},
+                                      {104, "e-飛伝III", true, 105}, {100, "予備", true, 3}};
+
+TEST(CatalogueListing, TableColumnsLineUpInDisplayWidth) {
+  const std::vector<std::string> lines = Lines(FormatCatalogueTable(kRows));
+  ASSERT_EQ(lines.size(), 5u);
+  // The output column starts at the same display position on every line.
+  const int caption_column = ColumnOf(lines[0], "出力");
+  EXPECT_EQ(ColumnOf(lines[1], "帳票"), caption_column);
+  EXPECT_EQ(ColumnOf(lines[2], "帳票"), caption_column);
+  EXPECT_EQ(ColumnOf(lines[3], "ファイル"), caption_column);
+  EXPECT_EQ(ColumnOf(lines[4], "なし"), caption_column);
+  EXPECT_NE(lines[2].find("無効"), std::string::npos);
+  EXPECT_NE(lines[2].find("rptYamatoNew"), std::string::npos);
+  EXPECT_NE(lines[2].find("ヤマト"), std::string::npos);
+  EXPECT_NE(lines[3].find("modEhiden3Csv"), std::string::npos);
+  EXPECT_NE(lines[3].find("佐川"), std::string::npos);
+  for (const std::string& line : lines) EXPECT_NE(line.back(), ' ');
+}
+
+TEST(CatalogueListing, JsonCarriesRowAndCatalogue) {
+  const nlohmann::json list = nlohmann::json::parse(FormatCatalogueJson(kRows));
+  ASSERT_EQ(list.size(), kRows.size());
+  EXPECT_EQ(list[1]["REPORT_NO"], 25);
+  EXPECT_EQ(list[1]["REPORT_NAME"], "ﾔﾏﾄ");
+  EXPECT_EQ(list[1]["ENABLED"], false);
+  EXPECT_EQ(list[1]["output"], "帳票");
+  EXPECT_EQ(list[1]["carrier"], "ヤマト");
+  EXPECT_EQ(list[2]["object"], "modEhiden3Csv");
+  EXPECT_EQ(list[3]["output"], "なし");
+  EXPECT_EQ(list[3]["object"], "");
+}
+
+class CatalogueRowsTest : public testing::ReportDbTest {};
+
+TEST_P(CatalogueRowsTest, RowsInListOrder) {
+  Db().Execute("INSERT INTO [REPORT] ([REPORT_NO], [REPORT_NAME], [ORD], [ENABLED]) VALUES (91, 'e-飛伝', 2, 1)");
+  Db().Execute("INSERT INTO [REPORT] ([REPORT_NO], [REPORT_NAME], [ORD], [ENABLED]) VALUES (0, '納品書', 2, 0)");
+  Db().Execute("INSERT INTO [REPORT] ([REPORT_NO], [REPORT_NAME], [ORD], [ENABLED]) VALUES (25, 'ヤマト', 1, 1)");
+  Db().Execute("INSERT INTO [REPORT] ([REPORT_NO], [REPORT_NAME], [ORD]) VALUES (4, NULL, NULL)");
+  const std::vector<CatalogueRow> rows = ReadCatalogueRows(Db());
+  ASSERT_EQ(rows.size(), 4u);
+  std::vector<int> numbers;
+  for (const CatalogueRow& row : rows) numbers.push_back(row.report_no);
+  // NULL sorts first on one engine and last on the other; the rest keep ORD, then number.
+  numbers.erase(std::remove(numbers.begin(), numbers.end(), 4), numbers.end());
+  EXPECT_EQ(numbers, (std::vector<int>{25, 0, 91}));
+  for (const CatalogueRow& row : rows) {
+    SCOPED_TRACE(row.report_no);
+    EXPECT_EQ(row.enabled, row.report_no != 0);  // ENABLED defaults to 1
+    if (row.report_no == 4) {
+      EXPECT_EQ(row.report_name, "");
+    }
+  }
+}
+
+LUPIN_INSTANTIATE_ENGINES(CatalogueRowsTest);
+
+}  // namespace
+}  // namespace lupin::catalogue

@@ -1,0 +1,148 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "catalogue/load_report_definition.h"
+#include "common/settings.h"
+#include "report_test_fixture.h"
+
+namespace lupin::catalogue {
+namespace {
+
+namespace fs = std::filesystem;
+
+class LoadDefinitionTest : public testing::ReportDbTest {
+ protected:
+  // A Sagawa slip row as a shop would have it: a printer, paper and margins in the table.
+  void InsertSagawa(const std::string& name = "佐川宅配伝票") {
+    Db().Execute(
+        "INSERT INTO [REPORT] ([REPORT_NO], [REPORT_NAME], [ORD], [ENABLED], [PAPER_TYPE], [DEVICE_NAME], "
+        "[PAPER_SIZE], [PAPER_BIN], [MARGIN_LEFT], [MARGIN_TOP], [MARGIN_RIGHT], [MARGIN_BOTTOM], [Orientation], "
+        "[Where], [DATE_LABEL], [DATE_FIELD], [USE_PAPER_TYPE], [MEMO1], [MEMO2], [MEMO3], "
+        "[FLD_LBL1], [FLD_LBL2], [FLD_TXT1], [FLD_TXT2], [FLD_TXT3], [FLD_TOOLTIP1], [FLD_TOOLTIP5], "
+        "[PAYMENT_INIT], [BIKO_LBL1], [BIKO_FLD1], [BIKO_FLD2], [LBL_RPT], [OTHER_TBL_NAME]) VALUES "
+        "(18, '" + name + "', 5, 1, 1, 'Slip-Printer', 256, 4, 120, 80, 60, 40, 2, "
+        "10, '出荷日', '出荷日', 1, 'メモ一', '', 'メモ三', "
+        "'お届け時間', '', '午前中', '隠れた文字', '孤立した文字', 'ヒント一', 'ヒント五', "
+        "2, '備考', '備考1', '備考2', 0, '')");
+  }
+};
+
+TEST_P(LoadDefinitionTest, ReadsTheRowIntoTheCurrentDefinition) {
+  InsertSagawa();
+  ASSERT_TRUE(LoadReportDefinition(*context_, 18));
+  const entry::ReportDefinition& def = context_->current;
+  EXPECT_EQ(def.report_no, 18);
+  EXPECT_EQ(def.report_name, "佐川宅配伝票");
+  EXPECT_EQ(def.paper_type, 1);
+  EXPECT_EQ(def.device_name, "Slip-Printer");
+  EXPECT_EQ(def.paper_size, 256);
+  EXPECT_EQ(def.paper_bin, 4);
+  EXPECT_EQ(def.margin_left, 120);
+  EXPECT_EQ(def.margin_top, 80);
+  EXPECT_EQ(def.margin_right, 60);
+  EXPECT_EQ(def.margin_bottom, 40);
+  EXPECT_EQ(def.orientation, 2);
+  EXPECT_EQ(def.where, 10);
+  EXPECT_EQ(def.date_label, "出荷日");
+  EXPECT_EQ(def.date_field, "出荷日");
+  EXPECT_EQ(def.use_paper_type, 1);
+  EXPECT_EQ(def.memo, (std::array<std::string, 3>{"メモ一", "", "メモ三"}));
+  EXPECT_EQ(def.payment_init, 2);
+  EXPECT_EQ(def.fld_tooltip[0], "ヒント一");
+  EXPECT_EQ(def.fld_tooltip[4], "ヒント五");
+  EXPECT_EQ(def.other_tbl_name, "");
+}
+
+TEST_P(LoadDefinitionTest, TextsCountOnlyUnderALabel) {
+  InsertSagawa();
+  ASSERT_TRUE(LoadReportDefinition(*context_, 18));
+  const entry::ReportDefinition& def = context_->current;
+  EXPECT_EQ(def.fld_lbl[0], "お届け時間");
+  EXPECT_EQ(def.fld_txt[0], "午前中");
+  // FLD_TXT2 and FLD_TXT3 hold text, but their labels are empty.
+  EXPECT_EQ(def.fld_txt[1], "");
+  EXPECT_EQ(def.fld_txt[2], "");
+  EXPECT_EQ(def.biko_lbl[0], "備考");
+  EXPECT_EQ(def.biko_fld[0], "備考1");
+  EXPECT_EQ(def.biko_fld[1], "");
+}
+
+TEST_P(LoadDefinitionTest, NullColumnsReadAsEmptyAndZero) {
+  context_->current.device_name = "left over";
+  context_->current.paper_size = 9;
+  context_->current.fld_txt[0] = "left over";
+  Db().Execute("INSERT INTO [REPORT] ([REPORT_NO], [REPORT_NAME]) VALUES (4, '注文一覧表')");
+  Db().Execute("UPDATE [REPORT] SET [PAPER_TYPE] = NULL, [Where] = NULL, [LBL_RPT] = NULL WHERE [REPORT_NO] = 4");
+  ASSERT_TRUE(LoadReportDefinition(*context_, 4));
+  const entry::ReportDefinition& def = context_->current;
+  EXPECT_EQ(def.report_no, 4);
+  EXPECT_EQ(def.device_name, "");
+  EXPECT_EQ(def.paper_size, 0);
+  EXPECT_EQ(def.paper_type, 0);
+  EXPECT_EQ(def.where, 0);
+  EXPECT_EQ(def.lbl_rpt, 0);
+  EXPECT_EQ(def.fld_txt[0], "");
+  EXPECT_EQ(def.date_field, "");
+}
+
+TEST_P(LoadDefinitionTest, MissingNumberKeepsThePreviousDefinition) {
+  InsertSagawa();
+  ASSERT_TRUE(LoadReportDefinition(*context_, 18));
+  EXPECT_FALSE(LoadReportDefinition(*context_, 25));
+  EXPECT_EQ(context_->current.report_no, 18);
+  EXPECT_EQ(context_->current.report_name, "佐川宅配伝票");
+}
+
+TEST_P(LoadDefinitionTest, WorkstationFileOverridesPrinterButNeverRightAndBottom) {
+  InsertSagawa();
+  PutReportIni(
+      "[佐川宅配伝票]\nPAPER_TYPE=0\nDEVICE_NAME=Office\nPAPER_SIZE=9\nPAPER_BIN=7\nMARGIN_LEFT=300\n"
+      "MARGIN_TOP=0\nORIENTATION=1\nMARGIN_RIGHT=999\nMARGIN_BOTTOM=999\n");
+  ASSERT_TRUE(LoadReportDefinition(*context_, 18));
+  const entry::ReportDefinition& def = context_->current;
+  EXPECT_EQ(def.device_name, "Office");
+  EXPECT_EQ(def.paper_size, 9);
+  EXPECT_EQ(def.paper_bin, 7);
+  EXPECT_EQ(def.margin_left, 300);
+  EXPECT_EQ(def.orientation, 1);
+  // Stored zeros do not override.
+  EXPECT_EQ(def.paper_type, 1);
+  EXPECT_EQ(def.margin_top, 80);
+  EXPECT_EQ(def.margin_right, 60);
+  EXPECT_EQ(def.margin_bottom, 40);
+}
+
+TEST_P(LoadDefinitionTest, RenamedReportOrphansItsOverrides) {
+  InsertSagawa();
+  PutReportIni("[佐川宅配伝票]\nDEVICE_NAME=Office\nPAPER_SIZE=9\n");
+  Db().Execute("UPDATE [REPORT] SET [REPORT_NAME] = '佐川 (新)' WHERE [REPORT_NO] = 18");
+  ASSERT_TRUE(LoadReportDefinition(*context_, 18));
+  EXPECT_EQ(context_->current.device_name, "Slip-Printer");
+  EXPECT_EQ(context_->current.paper_size, 256);
+}
+
+TEST_P(LoadDefinitionTest, OnlyTheComponentDirectoryFileCounts) {
+  InsertSagawa();
+  // The program's own INI beside it is not the report settings file.
+  std::ofstream(home_ / "lupin_catalogue_tests.INI") << "[佐川宅配伝票]\nPAPER_SIZE=9\n";
+  fs::create_directories(home_ / "other");
+  std::ofstream(home_ / "other" / "REPORT.INI") << "[佐川宅配伝票]\nPAPER_SIZE=9\n";
+  ASSERT_TRUE(LoadReportDefinition(*context_, 18));
+  EXPECT_EQ(context_->current.paper_size, 256);
+}
+
+TEST_P(LoadDefinitionTest, CustomerReportFromOtherTable) {
+  Db().Execute(
+      "INSERT INTO [REPORT] ([REPORT_NO], [REPORT_NAME], [LBL_RPT], [OTHER_TBL_NAME]) "
+      "VALUES (23, '宛名ラベル (顧客情報)', 12, 'CUSTOMER')");
+  ASSERT_TRUE(LoadReportDefinition(*context_, 23));
+  EXPECT_EQ(context_->current.other_tbl_name, "CUSTOMER");
+  EXPECT_EQ(context_->current.lbl_rpt, 12);
+}
+
+LUPIN_INSTANTIATE_ENGINES(LoadDefinitionTest);
+
+}  // namespace
+}  // namespace lupin::catalogue
