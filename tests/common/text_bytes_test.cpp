@@ -1,0 +1,116 @@
+#include <gtest/gtest.h>
+
+#include "common/text.h"
+
+namespace lupin::text {
+namespace {
+
+struct LenCase {
+  const char* text;
+  int bytes;
+};
+
+TEST(ByteLen, CountsShiftJisBytes) {
+  const LenCase cases[] = {{"", 0}, {"abc", 3}, {"東京都", 6}, {"ｱｲｳ", 3}, {"ｶﾞ", 2}, {"ガ", 2},
+                           {"東京都港区1-2-3 ﾋﾞﾙ4F", 10 + 5 + 1 + 3 + 2}, {"　", 2}, {"①㈱", 4}};
+  for (const auto& c : cases) EXPECT_EQ(ByteLen(c.text), c.bytes) << c.text;
+}
+
+struct LeftCase {
+  const char* text;
+  int count;
+  const char* expected;
+};
+
+TEST(ByteLeft, NeverCutsADoubleByteCharacter) {
+  const LeftCase cases[] = {
+      {"東京都abc", 5, "東京"},   {"東京都abc", 6, "東京都"}, {"東京都abc", 7, "東京都a"},
+      {"aあb", 2, "a"},           {"aあb", 3, "aあ"},         {"ｱｲｳ", 2, "ｱｲ"},
+      {"東京", 0, ""},            {"東京", -3, ""},           {"東京", 99, "東京"},
+      {"\u301Cx", 3, "～x"},  // what comes back is what CP932 holds
+      {"😀ab", 2, "?a"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(ByteLeft(c.text, c.count), c.expected) << c.text << " " << c.count;
+}
+
+struct MidCase {
+  const char* text;
+  int start;
+  int count;
+  const char* expected;
+};
+
+TEST(ByteMid, TakesBytesFromAOneBasedStart) {
+  const MidCase cases[] = {
+      {"東京都港区", 3, 4, "京都"}, {"東京都港区", 7, 0, "港区"}, {"東京都港区", 7, 99, "港区"},
+      {"東京都港区", 11, 0, ""},    {"東京都", 1, 3, "東"},      {"abcdef", 2, 3, "bcd"},
+      {"ab東京", 3, 0, "東京"},     {"ab東京", 1, 1, "a"},       {"ｱｲｳｴ", 2, 2, "ｲｳ"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(ByteMid(c.text, c.start, c.count), c.expected) << c.text << " " << c.start << " " << c.count;
+  }
+}
+
+TEST(ByteMid, LeftAndMidTogetherGiveBackTheText) {
+  const char* text = "東京都千代田区丸の内1-2-3ﾋﾞﾙ";
+  for (int n = 1; n < ByteLen(text); ++n) {
+    const std::string left = ByteLeft(text, n);
+    EXPECT_EQ(left + ByteMid(text, ByteLen(left) + 1), text) << n;
+  }
+}
+
+struct ClassCase {
+  const char* text;
+  int position;
+  int expected;
+};
+
+TEST(ByteClass, FollowsTheClassTable) {
+  const ClassCase cases[] = {
+      {"", 1, 0},        {"abc", 0, 4},     {"abc", 4, 0},      // empty, position 0, past the end
+      {"!", 1, 0},       {"?", 1, 0},       {"A", 1, 0},        // 33..63 and 64..126 at the start
+      {"アA", 2, 3},     {"アA", 3, 0},     {"aA", 2, 0},       // 64..126 after a lead byte, else 0
+      {"あ", 2, 3},      {"\uE000", 1, 3},  {"髙", 1, 3},       // 160 and 240..252 are always 3
+      {"ｱ", 1, 1},       {"aｱ", 2, 0},      {"漢", 2, 3},       // 161..223
+      {"東", 1, 2},      {"東", 2, 3},      {"東京", 3, 2},     {"東京", 4, 3},  // lead range
+      {"a東", 2, 2},     {" ", 1, 4},       {"\t", 1, 4},       {"\x7F", 1, 4},  // others
+  };
+  for (const auto& c : cases) EXPECT_EQ(ByteClass(c.text, c.position), c.expected) << c.text << " @" << c.position;
+}
+
+struct InStrCase {
+  const char* text;
+  const char* find;
+  int start;
+  int compare;
+  int expected;
+};
+
+TEST(ByteInStr, ReportsTheBytePositionOfTheFirstMatch) {
+  const InStrCase cases[] = {
+      {"東京都 港区", " ", 1, 1, 7},       {"東京都　港区", " ", 1, 1, 7},   {"東京都　港区", " ", 1, 0, 0},
+      {" abc", " ", 1, 0, 0},              // a match at the first character reports 0
+      {"ab ab", "ab", 3, 0, 0},            // start has no effect: the walk begins at character 1
+      {"xab", "ab", 5, 0, 2},              {"abc", "z", 1, 0, 0},           {"株式会社ＡＢＣ", "abc", 1, 1, 9},
+      {"山田(株)", "(株)", 2, 0, 5},       {"ｱｲ1２3", "2", 1, 1, 4},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(ByteInStr(c.text, c.find, c.start, c.compare), c.expected) << c.text << " / " << c.find;
+  }
+}
+
+struct LatinCase {
+  const char* text;
+  int mode;
+  bool expected;
+};
+
+TEST(IsLatinText, AcceptsLettersOnlyInTheirMode) {
+  const LatinCase cases[] = {{"", 0, true},     {"", 7, true},       {"abc", 0, true},  {"ABC", 0, true},
+                             {"ａｂｃ", 0, false}, {"ａｂｃ", 1, true}, {"Ａ", 1, true},  {"ab1", 1, false},
+                             {"abc", 2, false}, {"ア", 1, false},    {"a b", 0, false}};
+  for (const auto& c : cases) EXPECT_EQ(IsLatinText(c.text, c.mode), c.expected) << c.text << " mode " << c.mode;
+}
+
+}  // namespace
+}  // namespace lupin::text
