@@ -1,0 +1,112 @@
+// Order tax by rate over the demo data: clsCalcChumonT::Calc for 10,000 orders, on SQLite and
+// on PostgreSQL (LUPIN_TEST_PG_URL; skipped when unset). One iteration is one pass over all orders.
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "common/settings.h"
+#include "db/connection.h"
+#include "entry/demo_data.h"
+#include "entry/schema.h"
+#include "money/calc_chumon_t.h"
+
+namespace {
+
+constexpr int kOrders = 10000;
+
+struct Database {
+  std::unique_ptr<lupin::db::Connection> connection;
+  std::vector<std::int32_t> ids;
+  std::string schema;  // PostgreSQL: the schema to drop at the end
+  std::filesystem::path file;
+};
+
+void Fill(Database& d) {
+  lupin::entry::CreateSchema(*d.connection);
+  lupin::entry::FillCatalogue(*d.connection);
+  lupin::entry::FillDemoData(*d.connection, {.orders = kOrders, .seed = 7, .batch = 1000, .progress = {}});
+  lupin::db::Recordset rs = d.connection->Open("SELECT [ID] FROM [CHUMON] ORDER BY [ID]");
+  for (; !rs.Eof(); rs.MoveNext()) d.ids.push_back(static_cast<std::int32_t>(rs["ID"].Long()));
+}
+
+// Built on first use, so a filtered run prepares only the engine it measures.
+std::unique_ptr<Database> sqlite_db;
+std::unique_ptr<Database> postgres_db;
+
+Database& Sqlite() {
+  if (!sqlite_db) {
+    sqlite_db = std::make_unique<Database>();
+    sqlite_db->file =
+        std::filesystem::temp_directory_path() / ("lupin_bench_tax_" + std::to_string(::getpid()) + ".db");
+    std::filesystem::remove(sqlite_db->file);
+    sqlite_db->connection = lupin::db::OpenConnection("sqlite:" + sqlite_db->file.string());
+    Fill(*sqlite_db);
+  }
+  return *sqlite_db;
+}
+
+Database* Postgres() {
+  const char* url = std::getenv("LUPIN_TEST_PG_URL");
+  if (url == nullptr || *url == '\0') return nullptr;
+  if (!postgres_db) {
+    postgres_db = std::make_unique<Database>();
+    postgres_db->connection = lupin::db::OpenConnection(url);
+    postgres_db->schema = "bench_tax_" + std::to_string(::getpid());
+    postgres_db->connection->Execute("CREATE SCHEMA " + postgres_db->schema);
+    postgres_db->connection->Execute("SET search_path TO " + postgres_db->schema);
+    Fill(*postgres_db);
+  }
+  return postgres_db.get();
+}
+
+void CalcAll(benchmark::State& state, Database& d) {
+  // Settings stores that do not exist: TaxCheckDate takes its default.
+  const auto folder = std::filesystem::temp_directory_path() / "lupin_bench_tax_settings";
+  lupin::money::clsCalcChumonT calc(lupin::settings::Settings(lupin::settings::StorePaths::InFolder(folder)));
+  calc.SetDb(*d.connection);
+  std::int64_t sum = 0;
+  for (auto _ : state) {
+    for (std::int32_t id : d.ids) {
+      calc.SetId(id);
+      calc.Calc();
+      sum += calc.Zeikin1() + calc.Zeikin2() + calc.Zeikin3();
+    }
+  }
+  benchmark::DoNotOptimize(sum);
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(d.ids.size()));
+  state.counters["orders"] = static_cast<double>(d.ids.size());
+}
+
+void BM_CalcSqlite(benchmark::State& state) { CalcAll(state, Sqlite()); }
+
+void BM_CalcPostgres(benchmark::State& state) {
+  Database* d = Postgres();
+  if (d == nullptr) {
+    state.SkipWithError("LUPIN_TEST_PG_URL が設定されていません");
+    return;
+  }
+  CalcAll(state, *d);
+}
+
+BENCHMARK(BM_CalcSqlite)->Iterations(1)->Repetitions(5)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_CalcPostgres)->Iterations(1)->Repetitions(3)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+  if (postgres_db) postgres_db->connection->Execute("DROP SCHEMA " + postgres_db->schema + " CASCADE");
+  if (sqlite_db) {
+    sqlite_db->connection.reset();
+    std::filesystem::remove(sqlite_db->file);
+  }
+  return 0;
+}
