@@ -65,8 +65,8 @@ class Grid {
   int max_rows_ = 0;
   int max_cols_ = 0;
   // (max_rows_ + 1) × (max_cols_ + 1) cells, row-major, row 0 and column 0 included.
-  std::vector<std::string> cells_;
-  std::vector<bool> hidden_;
+  std::vector<std::string> cells_ = std::vector<std::string>(1);
+  std::vector<bool> hidden_ = std::vector<bool>(1, false);
   int row_ = 0;
   int col_ = 0;
   bool redraw_ = true;

@@ -1,12 +1,9 @@
 #include "run/preview_form.h"
 
+#include "catalogue/load_report_definition.h"
 #include "common/sql.h"
 #include "entry/catalogue.h"
 #include "run/select_form.h"
-
-namespace lupin::catalogue {
-void LoadReportDefinition(entry::Context& context, int report_no);
-}  // namespace lupin::catalogue
 
 namespace lupin::run {
 

@@ -1,15 +1,11 @@
 #include "run/select_form.h"
 
+#include "catalogue/load_report_definition.h"
 #include "common/sql.h"
 #include "common/text.h"
 #include "common/vb.h"
 #include "entry/catalogue.h"
 #include "run/query_builder.h"
-
-namespace lupin::catalogue {
-// Declared by the catalogue folder; repeated here until its header is part of the build.
-void LoadReportDefinition(entry::Context& context, int report_no);
-}  // namespace lupin::catalogue
 
 namespace lupin::run {
 

@@ -1,0 +1,75 @@
+#include <gtest/gtest.h>
+
+#include "common/grid.h"
+
+namespace lupin::common {
+namespace {
+
+TEST(Grid, CellsOutsideTheGridReadEmptyAndIgnoreWrites) {
+  Grid grid(2, 3);
+  grid.SetText(3, 1, "x");
+  grid.SetText(1, 4, "x");
+  grid.SetText(-1, 1, "x");
+  EXPECT_EQ(grid.Text(3, 1), "");
+  EXPECT_EQ(grid.Text(1, 4), "");
+  EXPECT_EQ(grid.Text(-1, -1), "");
+  EXPECT_EQ(grid.MaxRows(), 2);
+  EXPECT_EQ(grid.MaxCols(), 3);
+}
+
+TEST(Grid, ResizingKeepsCellsAndCaptions) {
+  Grid grid(1, 2);
+  grid.SetCaption(2, "ID");
+  grid.SetText(1, 2, "100");
+  grid.SetMaxCols(5);
+  grid.SetText(1, 5, "end");
+  EXPECT_EQ(grid.Caption(2), "ID");
+  EXPECT_EQ(grid.Text(1, 2), "100");
+  const int row = grid.AddRow();
+  EXPECT_EQ(row, 2);
+  EXPECT_EQ(grid.Text(1, 5), "end");
+  EXPECT_EQ(grid.Text(2, 5), "");
+  grid.SetMaxCols(2);
+  EXPECT_EQ(grid.Text(1, 2), "100");
+  EXPECT_EQ(grid.Text(1, 5), "");
+  grid.Clear();
+  EXPECT_EQ(grid.MaxRows(), 0);
+  EXPECT_EQ(grid.Caption(2), "ID");
+}
+
+TEST(Grid, CheckColumnFollowsTheValueOfColumnOne) {
+  Grid grid(3, 4);
+  grid.SetValue(1, 1, 1);
+  grid.SetText(2, 1, "0");
+  grid.SetValue(3, 1, true);
+  EXPECT_TRUE(grid.Checked(1));
+  EXPECT_FALSE(grid.Checked(2));
+  EXPECT_TRUE(grid.Checked(3));
+  EXPECT_EQ(grid.CheckedCount(), 2);
+  grid.CheckAll(false);
+  EXPECT_EQ(grid.CheckedCount(), 0);
+  grid.CheckAll(true);
+  EXPECT_EQ(grid.CheckedCount(), 3);
+  EXPECT_FALSE(grid.Checked(0)) << "the caption row is never a selection";
+}
+
+TEST(Grid, NumbersReadBackThroughVal) {
+  Grid grid(1, 3);
+  grid.SetValue(1, 2, 12345.5);
+  grid.SetValue(1, 3, 30000LL);
+  EXPECT_DOUBLE_EQ(grid.Value(1, 2), 12345.5);
+  EXPECT_EQ(grid.Text(1, 3), "30000");
+  EXPECT_DOUBLE_EQ(grid.Value(1, 1), 0) << "an empty cell is 0";
+}
+
+TEST(Grid, HiddenFlagsSurviveGrowth) {
+  Grid grid(0, 3);
+  grid.SetColHidden(3, true);
+  grid.SetMaxCols(6);
+  EXPECT_TRUE(grid.ColHidden(3));
+  EXPECT_FALSE(grid.ColHidden(6));
+  EXPECT_FALSE(grid.ColHidden(40));
+}
+
+}  // namespace
+}  // namespace lupin::common

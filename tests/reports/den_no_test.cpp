@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "reports/slips/den_no.h"
+
+namespace lupin::reports {
+namespace {
+
+struct SeriesCase {
+  const char* name;
+  std::string start;
+  int count;
+  std::vector<std::string> expected;
+};
+
+class DenNoSeriesTest : public ::testing::TestWithParam<SeriesCase> {};
+
+TEST_P(DenNoSeriesTest, MakesTheSeriesFromTheTypedNumber) {
+  const auto& c = GetParam();
+  DenNoSeries series;
+  series.PrepareDenNo(c.start);
+  series.MakeDenNoSeries(c.start, c.count);
+  EXPECT_EQ(series.Series(), c.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, DenNoSeriesTest,
+    ::testing::Values(
+        // 12345678901 = 7 × 1763668414 + 3; the typed check digit is replaced, not trusted.
+        SeriesCase{"WorkedExampleWithHyphens", "1234-5678-9019", 2, {"1234-5678-9013", "1234-5678-9024"}},
+        SeriesCase{"NoHyphensKeepsNone", "123456789019", 3, {"123456789013", "123456789024", "123456789035"}},
+        // The body of the second number loses its leading zeros, the hyphens keep their places.
+        SeriesCase{"LeadingZerosLostFromTheSecond", "00-1234567890-1", 2, {"00-1234567890-3", "12-345678914-"}},
+        SeriesCase{"LeadingZerosWithoutHyphens", "0012345678901", 2, {"0012345678903", "12345678914"}},
+        SeriesCase{"FullWidthHyphenCounts", "1234－5678－9019", 1, {"1234-5678-9013"}},
+        SeriesCase{"CheckDigitWrapsAtSeven", "136", 3, {"136", "140", "151"}},
+        SeriesCase{"NonNumericStartGivesZeroBody", "ABC9", 1, {"ABC0"}},
+        SeriesCase{"CountZeroGivesNothing", "1234", 0, {}},
+        SeriesCase{"EmptyStartGivesNothing", "", 3, {}}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(DenNoHyphens, RecordsEveryPositionOrASingleZero) {
+  EXPECT_EQ(RecordHyphens("1234-5678-9013"), (std::vector<int>{5, 10}));
+  EXPECT_EQ(RecordHyphens("-12-"), (std::vector<int>{1, 4}));
+  EXPECT_EQ(RecordHyphens("123456"), (std::vector<int>{0}));
+}
+
+TEST(DenNoCheckDigit, IsTheRemainderBySevenEvenForLongBodies) {
+  const struct {
+    double body;
+    int digit;
+  } cases[] = {{0, 0}, {6, 6}, {7, 0}, {12345678901, 3}, {999999999999999, 999999999999999 % 7}};
+  for (const auto& c : cases) EXPECT_EQ(DenNoCheckDigit(c.body), c.digit) << c.body;
+}
+
+TEST(DenNoClear, ErasesSeriesAndPositions) {
+  DenNoSeries series;
+  series.PrepareDenNo("12-34");
+  series.MakeDenNoSeries("12-34", 2);
+  ASSERT_EQ(series.Series().size(), 2u);
+  series.ClearDenNo();
+  EXPECT_TRUE(series.Series().empty());
+  EXPECT_TRUE(series.HyphenPositions().empty());
+}
+
+}  // namespace
+}  // namespace lupin::reports
