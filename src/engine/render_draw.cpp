@@ -32,8 +32,16 @@ void RoundRectanglePath(cairo_t* cr, const Box& b) {
 
 }  // namespace
 
+void PageDrawer::Flush(cairo_t* cr) {
+  if (glyphs_.empty()) return;
+  cairo_set_scaled_font(cr, glyph_font_);
+  cairo_show_glyphs(cr, glyphs_.data(), static_cast<int>(glyphs_.size()));
+  glyphs_.clear();
+}
+
 void PageDrawer::SetColour(cairo_t* cr, std::uint32_t rgb) {
   if (colour_ == static_cast<std::int64_t>(rgb)) return;
+  Flush(cr);
   colour_ = rgb;
   cairo_set_source_rgb(cr, ((rgb >> 16) & 0xff) / 255.0, ((rgb >> 8) & 0xff) / 255.0,
                        (rgb & 0xff) / 255.0);
@@ -59,11 +67,13 @@ void PageDrawer::Draw(cairo_t* cr, const Page& page, std::vector<std::string>& p
         break;
     }
   }
+  Flush(cr);
 }
 
 void PageDrawer::DrawText(cairo_t* cr, const PageItem& item) {
   const Box box = BoxOf(item);
   if (item.back_color >= 0) {
+    Flush(cr);  // a background must not cover earlier text
     SetColour(cr, static_cast<std::uint32_t>(item.back_color));
     cairo_rectangle(cr, box.x, box.y, box.w, box.h);
     cairo_fill(cr);
@@ -80,13 +90,13 @@ void PageDrawer::DrawText(cairo_t* cr, const PageItem& item) {
     if (item.alignment == Alignment::Center) dx = (box.w - line.width) / 2;
     const double x0 = box.x + dx;
     for (const GlyphRun& run : line.runs) {
-      glyphs_.assign(run.glyphs.begin(), run.glyphs.end());
-      for (cairo_glyph_t& g : glyphs_) {
-        g.x += x0;
-        g.y += box.y;
+      if (run.font != glyph_font_) {
+        Flush(cr);
+        // Held here: the shaper may drop the text that owned the font before the flush.
+        cairo_scaled_font_destroy(glyph_font_);
+        glyph_font_ = cairo_scaled_font_reference(run.font);
       }
-      cairo_set_scaled_font(cr, run.font);
-      cairo_show_glyphs(cr, glyphs_.data(), static_cast<int>(glyphs_.size()));
+      for (const cairo_glyph_t& g : run.glyphs) glyphs_.push_back({g.index, g.x + x0, g.y + box.y});
     }
     if (item.font.underline && line.width > 0) {
       const double thickness = std::max(item.font.size * 0.05, 0.5);
@@ -97,6 +107,7 @@ void PageDrawer::DrawText(cairo_t* cr, const PageItem& item) {
 }
 
 void PageDrawer::DrawShape(cairo_t* cr, const PageItem& item) {
+  Flush(cr);
   const Box box = BoxOf(item);
   switch (item.shape) {
     case ShapeKind::Rectangle:
@@ -125,6 +136,7 @@ void PageDrawer::DrawShape(cairo_t* cr, const PageItem& item) {
 }
 
 void PageDrawer::DrawLine(cairo_t* cr, const PageItem& item) {
+  Flush(cr);
   const Box box = BoxOf(item);
   SetColour(cr, item.fore_color);
   cairo_set_line_width(cr, item.line_weight);
@@ -142,6 +154,7 @@ void PageDrawer::DrawBarcode(cairo_t* cr, const PageItem& item,
     if (barcodes_.size() >= kBarcodeCacheLimit) barcodes_.clear();
     it = barcodes_.emplace(style + '\0' + item.text, EncodeBarcode(style, item.text)).first;
   }
+  Flush(cr);
   const BarcodeSymbol& symbol = it->second;
   if (!symbol.ok) {
     problems.push_back(item.name + ": " + symbol.message);

@@ -16,6 +16,9 @@ namespace lupin::engine {
 class PageDrawer {
  public:
   PageDrawer() = default;
+  ~PageDrawer() { cairo_scaled_font_destroy(glyph_font_); }
+  PageDrawer(const PageDrawer&) = delete;
+  PageDrawer& operator=(const PageDrawer&) = delete;
 
   // cr's user unit is one point, origin at the page's top-left. What cannot be drawn (a bar code
   // of bad data) is appended to problems and the rest of the page still drawn.
@@ -27,10 +30,14 @@ class PageDrawer {
   void DrawShape(cairo_t* cr, const PageItem& item);
   void DrawLine(cairo_t* cr, const PageItem& item);
   void DrawBarcode(cairo_t* cr, const PageItem& item, std::vector<std::string>& problems);
+  // Glyphs of consecutive texts in one font and colour go out in one call: a PDF text operation
+  // costs far more per call than per glyph.
+  void Flush(cairo_t* cr);
 
   TextShaper shaper_;
   std::unordered_map<std::string, BarcodeSymbol> barcodes_;
-  std::vector<cairo_glyph_t> glyphs_;
+  std::vector<cairo_glyph_t> glyphs_;  // pending, page coordinates
+  cairo_scaled_font_t* glyph_font_ = nullptr;
   std::int64_t colour_ = -1;  // last source colour set on the current page
 };
 
