@@ -53,7 +53,10 @@ std::string GeneralNumber(double value) {
   const int scientific = d.exponent - 1;
   if (scientific < -4 || scientific >= 15) {
     out += d.digits[0];
-    if (d.digits.size() > 1) out += "." + d.digits.substr(1);
+    if (d.digits.size() > 1) {
+      out += '.';
+      out.append(d.digits, 1);
+    }
     char exponent[16];
     std::snprintf(exponent, sizeof exponent, "E%c%02d", scientific < 0 ? '-' : '+', std::abs(scientific));
     return out + exponent;

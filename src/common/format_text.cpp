@@ -108,7 +108,7 @@ std::string ApplyTextMask(std::string_view text, std::string_view picture) {
         const std::size_t index = left_to_right ? k : chars.size() - 1 - k;
         filled[place] = std::u32string(1, chars[index]);
       } else if (mask[place] == U'@') {
-        filled[place] = U" ";
+        filled[place].assign(1, U' ');
       }
     }
     if (chars.size() > count) {
