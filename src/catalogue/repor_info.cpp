@@ -100,18 +100,19 @@ void clsReporInfo::GetReportSetting(std::int32_t report_no) {
 bool clsReporInfo::SetReportSetting(std::string_view section) const {
   // Without a printer name the workstation prints to its default printer and stores nothing.
   if (device_name_.empty()) return true;
-  const std::array<std::pair<std::string_view, std::string>, 7> entries{{
-      {kPaperType, std::to_string(paper_type_)},
+  const std::string paper_type = std::to_string(paper_type_), paper_size = std::to_string(paper_size_),
+                    paper_bin = std::to_string(paper_bin_), margin_left = std::to_string(margin_left_),
+                    margin_top = std::to_string(margin_top_), orientation = std::to_string(orientation_);
+  const std::array<std::pair<std::string_view, std::string_view>, 7> entries{{
+      {kPaperType, paper_type},
       {kDeviceName, device_name_},
-      {kPaperSize, std::to_string(paper_size_)},
-      {kPaperBin, std::to_string(paper_bin_)},
-      {kMarginLeft, std::to_string(margin_left_)},
-      {kMarginTop, std::to_string(margin_top_)},
-      {kOrientation, std::to_string(orientation_)},
+      {kPaperSize, paper_size},
+      {kPaperBin, paper_bin},
+      {kMarginLeft, margin_left},
+      {kMarginTop, margin_top},
+      {kOrientation, orientation},
   }};
-  bool written = true;
-  for (const auto& [key, value] : entries) written = settings::WriteProfileString(ini_file_, section, key, value) && written;
-  return written;
+  return settings::WriteProfileStrings(ini_file_, section, entries);
 }
 
 }  // namespace lupin::catalogue

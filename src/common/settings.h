@@ -2,7 +2,9 @@
 // The three settings stores: a machine-wide INI file (the machine store), the user file lupin.ini,
 // and a per-user fallback for a machine whose machine store does not exist.
 #include <filesystem>
+#include <span>
 #include <string>
+#include <utility>
 #include <string_view>
 
 namespace lupin::settings {
@@ -26,6 +28,9 @@ std::string ReadProfileString(const std::filesystem::path& file, std::string_vie
 // Writes atomically (temporary file, then rename). Returns false when the file cannot be written.
 bool WriteProfileString(const std::filesystem::path& file, std::string_view section,
                         std::string_view key, std::string_view value);
+// Several keys of one section, in order, with one replacement of the file.
+bool WriteProfileStrings(const std::filesystem::path& file, std::string_view section,
+                         std::span<const std::pair<std::string_view, std::string_view>> entries);
 
 class Settings {
  public:

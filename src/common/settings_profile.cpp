@@ -125,15 +125,11 @@ std::string ReadProfileString(const std::filesystem::path& file, std::string_vie
   return CutValue(default_value);
 }
 
-bool WriteProfileString(const std::filesystem::path& file, std::string_view section,
-                        std::string_view key, std::string_view value) {
-  section = Trim(section);
-  key = Trim(key);
-  if (section.empty() || key.empty()) return false;
-  // A line break in a value would split the entry in two.
-  value = value.substr(0, value.find_first_of("\r\n"));
+namespace {
 
-  const std::string content = ReadWhole(file).value_or(std::string());
+// The file content with one key set, every other line kept as it was.
+std::string WithEntry(std::string_view content, std::string_view section, std::string_view key,
+                      std::string_view value) {
   std::string_view view(content);
   const bool bom = view.starts_with(kBom);
   if (bom) view.remove_prefix(kBom.size());
@@ -174,14 +170,15 @@ bool WriteProfileString(const std::filesystem::path& file, std::string_view sect
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (key_at && i == *key_at) {
       out += entry_line;
-      out += lines[i].end.empty() ? std::string_view() : lines[i].end;
+      out += lines[i].end;
       continue;
     }
     out += lines[i].body;
     if (!key_at && last_at && i == *last_at) {
+      // The new key goes after the section's last entry, before the blank lines that part sections.
       out += lines[i].end.empty() ? eol : lines[i].end;
       out += entry_line;
-      out += lines[i].end.empty() ? std::string_view() : eol;
+      if (!lines[i].end.empty()) out += eol;
       continue;
     }
     out += lines[i].end;
@@ -195,7 +192,30 @@ bool WriteProfileString(const std::filesystem::path& file, std::string_view sect
     out += entry_line;
     out += eol;
   }
-  return files::ReplaceFileAtomically(file, out);
+  return out;
+}
+
+}  // namespace
+
+bool WriteProfileString(const std::filesystem::path& file, std::string_view section,
+                        std::string_view key, std::string_view value) {
+  const std::pair<std::string_view, std::string_view> entry{key, value};
+  return WriteProfileStrings(file, section, std::span(&entry, 1));
+}
+
+bool WriteProfileStrings(const std::filesystem::path& file, std::string_view section,
+                         std::span<const std::pair<std::string_view, std::string_view>> entries) {
+  section = Trim(section);
+  if (section.empty()) return false;
+  std::string content = ReadWhole(file).value_or(std::string());
+  for (const auto& [raw_key, raw_value] : entries) {
+    const std::string_view key = Trim(raw_key);
+    if (key.empty()) return false;
+    // A line break in a value would split the entry in two.
+    const std::string_view value = raw_value.substr(0, raw_value.find_first_of("\r\n"));
+    content = WithEntry(content, section, key, value);
+  }
+  return files::ReplaceFileAtomically(file, content);
 }
 
 }  // namespace lupin::settings

@@ -132,6 +132,16 @@ TEST_F(ProfileTest, WriteLeavesNoTemporaryFiles) {
   EXPECT_EQ(count, 1);
 }
 
+TEST_F(ProfileTest, SeveralKeysInOneWrite) {
+  Put("[A]\nK=1\n\n[B]\nX=0\n");
+  const std::pair<std::string_view, std::string_view> entries[] = {{"X", "1"}, {"Y", "2"}, {"x", "3"}};
+  ASSERT_TRUE(WriteProfileStrings(file_, "B", entries));
+  EXPECT_EQ(Get(), "[A]\nK=1\n\n[B]\nx=3\nY=2\n");
+  const std::pair<std::string_view, std::string_view> unnamed[] = {{"Z", "1"}, {" ", "2"}};
+  EXPECT_FALSE(WriteProfileStrings(file_, "B", unnamed));
+  EXPECT_EQ(ReadProfileString(file_, "B", "Z", "none"), "none");
+}
+
 TEST_F(ProfileTest, WriteIntoMissingFolderFails) {
   EXPECT_FALSE(WriteProfileString(folder_ / "no" / "such" / "x.ini", "S", "K", "1"));
 }
