@@ -246,9 +246,12 @@ void BM_ReportLabPeer(benchmark::State& state) {
   const std::string json = (kTemp / "lupin_bench_pages.json").string();
   std::ofstream(json) << Dump(all).dump();
   const std::string script = std::string(LUPIN_BENCH_DIR) + "/reportlab_peer.py";
+  // Debian's ReportLab belongs to the system interpreter, not to whatever python3 PATH finds.
+  const char* python = std::getenv("LUPIN_PYTHON");
+  const std::string interpreter = python != nullptr ? python : "/usr/bin/python3";
   double seconds = 0;
   for (auto _ : state) {
-    seconds += std::atof(Capture("python3 " + script + " " + json + " " +
+    seconds += std::atof(Capture(interpreter + " " + script + " " + json + " " +
                                  (kTemp / "lupin_reportlab.pdf").string()).c_str());
   }
   state.counters["pages/s"] = seconds > 0 ? 1000.0 * static_cast<double>(state.iterations()) / seconds : 0;
