@@ -188,10 +188,15 @@ void RunState::FinishColumns() {
 }
 
 void RunState::Flow(Section& section) {
+  if (!section.Visible || !section.PrintSection) return;
+  // The page (and its header) comes before the section's own Format, as a reader expects.
+  EnsurePage();
   if (!Format(section)) return;
   FinishColumns();
-  if (BreaksBefore(section.PageBreak) && page_open_ && y_ > body_top_) ClosePage();
-  EnsurePage();
+  if (BreaksBefore(section.PageBreak) && y_ > body_top_) {
+    ClosePage();
+    OpenPage();
+  }
   if (y_ + section.Height > body_bottom_ && y_ > body_top_) {
     ClosePage();
     OpenPage();
@@ -204,8 +209,10 @@ void RunState::Flow(Section& section) {
 void RunState::FlowDetail(Section& detail) {
   const int columns = std::max(1, detail.ColumnCount);
   if (columns == 1) {
-    if (BreaksBefore(detail.PageBreak) && page_open_ && y_ > body_top_) ClosePage();
-    EnsurePage();
+    if (BreaksBefore(detail.PageBreak) && y_ > body_top_) {
+      ClosePage();
+      OpenPage();
+    }
     if (y_ + detail.Height > body_bottom_ && y_ > body_top_) {
       ClosePage();
       OpenPage();
@@ -216,7 +223,6 @@ void RunState::FlowDetail(Section& detail) {
     return;
   }
 
-  EnsurePage();
   const std::int32_t width = report_.PrintWidth > 0
                                  ? report_.PrintWidth
                                  : sheet_width_ - report_.PageSettings.Left - report_.PageSettings.Right;
@@ -265,7 +271,10 @@ void RunState::DetailPlaces() {
   int kept = 0;
   do {
     report_.LayoutAction = LayoutAction::Default;
-    if (Format(detail)) FlowDetail(detail);
+    if (detail.Visible && detail.PrintSection) {
+      EnsurePage();
+      if (Format(detail)) FlowDetail(detail);
+    }
     if (++kept > kMaxKeptPlaces)
       throw ReportFault(kFaultLayoutLoop, "Detail が同じレコードのまま配置を繰り返しています。");
   } while (report_.LayoutAction == LayoutAction::KeepRecord && !report_.stop_requested_);

@@ -5,7 +5,8 @@
 namespace lupin::engine {
 
 std::int32_t TenthsMmToTwips(float tenths, int mode) {
-  const float y = tenths * 56.7f / 10.0f;
+  // The factor is a double literal; the product lands in a single, as it always did.
+  const float y = static_cast<float>(static_cast<double>(tenths) * 56.7 / 10.0);
   switch (mode) {
     case 1:
       return static_cast<std::int32_t>(std::floor(y));

@@ -10,6 +10,9 @@ namespace lupin::layout {
 ReportFrame::ReportFrame(entry::Context& context, std::string_view designer_name)
     : engine::Report(engine::LoadDesigner(designer_name)), context_(context) {}
 
+ReportFrame::ReportFrame(entry::Context& context, engine::ReportLayout layout)
+    : engine::Report(std::move(layout)), context_(context) {}
+
 std::string ReportFrame::WorkstationRestriction() const {
   return " AND [WK_PRINT].[CLIENT_NAME] = '" + sql::SqlQuote(context_.ClientName()) + "'";
 }

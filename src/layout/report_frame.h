@@ -1,9 +1,11 @@
 #pragma once
 // What every report object shares: its context, the query restricted to this workstation, the
 // data control, the print width, the format file and the remembered base font size.
+#include <functional>
 #include <string>
 #include <string_view>
 
+#include "common/vb.h"
 #include "engine/report.h"
 #include "entry/context.h"
 
@@ -13,8 +15,14 @@ class ReportFrame : public engine::Report {
  public:
   // The layout comes from the compiled-in designer of that name.
   ReportFrame(entry::Context& context, std::string_view designer_name);
+  // A layout given directly, for report objects built in code.
+  ReportFrame(entry::Context& context, engine::ReportLayout layout);
 
   double BaseFontSize() const { return base_font_size_; }
+
+  // What the report prints as "now"; unset means the system clock. Tests fix it.
+  std::function<vb::DateSerial()> clock;
+  vb::DateSerial Now() const { return clock ? clock() : vb::Now(); }
 
  protected:
   // " AND [WK_PRINT].[CLIENT_NAME] = '" + the quoted workstation name + "'"

@@ -1,0 +1,162 @@
+// The page dump, the spooled "page N of M" run, and showing a report by its number.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "engine/display.h"
+#include "engine/json_dump.h"
+#include "run_fixture.h"
+
+namespace lupin::engine::testing {
+namespace {
+
+const char* kDumpDesigner = R"({
+  "report": "rptDump", "margins": {"left": 100, "right": 100, "top": 200, "bottom": 200},
+  "sections": [{"name": "Detail", "type": "Detail", "height": 1000, "controls": [
+    {"kind": "Label", "name": "lblAddress", "left": 10, "top": 20, "width": 3000, "height": 600,
+     "font": {"name": "ＭＳ 明朝", "size": 11.5}, "alignment": "right"},
+    {"kind": "Shape", "name": "shpMark", "visible": false, "width": 500, "height": 300}]}]})";
+
+TEST(PageDump, HoldsEveryControlWithItsTextAndVisibilityInAFixedKeyOrder) {
+  LoggingReport report(kDumpDesigner);
+  report.SetRows({"Address"}, {{db::Value("東京都\r\n千代田区")}});
+  report.on_format = [&](const std::string&) {
+    report.Detail().Controls().Item("lblAddress")->Caption = report.Fields().Value("Address").Text();
+  };
+  std::ostringstream out;
+  JsonDumpSink sink(out);
+  ASSERT_TRUE(report.Run(sink).ok);
+
+  const auto dump = nlohmann::ordered_json::parse(out.str());
+  EXPECT_EQ(dump["report"], "rptDump");
+  ASSERT_EQ(dump["pages"].size(), 1u);
+  const auto& page = dump["pages"][0];
+  EXPECT_EQ(page["number"], 1);
+  EXPECT_EQ(page["width"], 11906);
+  ASSERT_EQ(page["items"].size(), 2u);
+  const auto& address = page["items"][0];
+  std::vector<std::string> keys;
+  for (const auto& [key, value] : address.items()) keys.push_back(key);
+  EXPECT_EQ(keys, (std::vector<std::string>{"section", "name", "kind", "text", "visible", "left", "top", "width",
+                                            "height", "font", "alignment"}));
+  EXPECT_EQ(address["text"], "東京都\r\n千代田区");
+  EXPECT_EQ(address["left"], 110);
+  EXPECT_EQ(address["top"], 220);
+  EXPECT_EQ(address["font"]["size"], 11.5);
+  EXPECT_EQ(address["alignment"], "right");
+  EXPECT_EQ(page["items"][1]["kind"], "Shape");
+  EXPECT_EQ(page["items"][1]["visible"], false);
+}
+
+TEST(PageDump, AnEmptyRunIsStillADocument) {
+  std::ostringstream out;
+  JsonDumpSink sink(out);
+  sink.Begin({"rptNone", ""});
+  sink.End();
+  const auto dump = nlohmann::json::parse(out.str());
+  EXPECT_TRUE(dump["pages"].empty());
+}
+
+// A sink that counts and forgets, as a printer stream does.
+class CountingSink : public PageSink {
+ public:
+  void Begin(const DocumentInfo&) override {}
+  void AddPage(const Page& page) override {
+    ++pages;
+    for (const auto& item : page.items)
+      if (item.name == "fldPages") counts.push_back(item.text);
+  }
+  void End() override {}
+  int pages = 0;
+  std::vector<std::string> counts;
+};
+
+TEST(PageCount, ALongRunKnowsItsTotalOnTheFirstPage) {
+  LoggingReport report(R"({"report": "rptLong", "sections": [
+    {"name": "Detail", "type": "Detail", "height": 500, "new_page": "after", "controls": [
+      {"kind": "TextField", "name": "fldPages", "summary": "page_count", "output_format": "#,##0"}]}]})");
+  std::vector<std::vector<db::Value>> rows(2500, std::vector<db::Value>{db::Value(1)});
+  report.SetRows({"One"}, rows);
+  CountingSink sink;
+  ASSERT_TRUE(report.Run(sink).ok);
+  EXPECT_EQ(sink.pages, 2500);
+  ASSERT_EQ(sink.counts.size(), 2500u);
+  EXPECT_EQ(sink.counts.front(), "2,500");
+  EXPECT_EQ(sink.counts.back(), "2,500");
+}
+
+entry::Context MakeContext(std::int32_t report_no, const std::string& name) {
+  entry::Context context(nullptr, settings::StorePaths{}, std::filesystem::temp_directory_path());
+  context.current.report_no = report_no;
+  context.current.report_name = name;
+  return context;
+}
+
+struct SettingsCase {
+  std::int16_t paper_size, orientation;
+  std::int32_t bottom;
+  std::int16_t expected_paper, expected_orientation;
+  std::int32_t expected_bottom;
+};
+
+class ReportSettings : public ::testing::TestWithParam<SettingsCase> {};
+
+TEST_P(ReportSettings, ApplyOnlyWhatTheDefinitionSets) {
+  LoggingReport report(R"({"report": "rptX", "printer": {"paper_size": 13, "orientation": 2},
+    "sections": [{"name": "Detail", "type": "Detail"}]})");
+  entry::ReportDefinition definition;
+  definition.device_name = "LBP-1";
+  definition.paper_size = GetParam().paper_size;
+  definition.orientation = GetParam().orientation;
+  definition.margin_left = 105;
+  definition.margin_top = 109;
+  definition.margin_right = 0;
+  definition.margin_bottom = GetParam().bottom;
+  ApplyReportSettings(report, definition);
+  EXPECT_EQ(report.Printer.DeviceName, "LBP-1");
+  EXPECT_EQ(report.Printer.PaperSize, GetParam().expected_paper);
+  EXPECT_EQ(report.Printer.Orientation, GetParam().expected_orientation);
+  EXPECT_EQ(report.PageSettings.Left, 595);
+  EXPECT_EQ(report.PageSettings.Top, 618);
+  EXPECT_EQ(report.PageSettings.Right, 0);
+  EXPECT_EQ(report.PageSettings.Bottom, GetParam().expected_bottom);
+}
+
+INSTANTIATE_TEST_SUITE_P(Definitions, ReportSettings,
+                         ::testing::Values(SettingsCase{0, 0, 0, 13, 2, 0}, SettingsCase{9, 1, 1, 9, 1, 567},
+                                           SettingsCase{9, 0, 10, 9, 2, 567}, SettingsCase{0, 1, 11, 13, 1, 62},
+                                           SettingsCase{0, 0, 200, 13, 2, 1134}));
+
+TEST(DisplayReport, ByNumberThroughTheRegistry) {
+  ReportRegistry registry;
+  registry.Register("rptPickingSyuDate", [](entry::Context&) {
+    return std::make_unique<LoggingReport>(R"({"report": "rptPickingSyuDate", "sections": [{"name": "Detail", "type": "Detail"}]})");
+  });
+  struct Case {
+    std::int32_t number;
+    bool shown;
+    std::string message;
+    std::string caption;
+  };
+  const Case cases[] = {
+      {54, true, "", "印刷プレビュー  [ピッキング]"},
+      {55, false, "帳票が登録されていません。", "印刷プレビュー"},  // its object is not registered here
+      {9, false, "", ""},                                          // a mail text: neither report nor message
+  };
+  for (const auto& c : cases) {
+    auto context = MakeContext(c.number, "ピッキング");
+    PageCollection pages;
+    const DisplayResult result = S_DisplayReport(context, registry, "印刷プレビュー", pages);
+    EXPECT_EQ(result.shown, c.shown) << c.number;
+    EXPECT_EQ(result.message, c.message) << c.number;
+    EXPECT_EQ(result.message_style, c.message.empty() ? 0 : 48) << c.number;
+    if (!c.caption.empty()) {
+      EXPECT_EQ(result.caption, c.caption) << c.number;
+    }
+    EXPECT_EQ(pages.Ended(), c.shown) << c.number;
+  }
+}
+
+}  // namespace
+}  // namespace lupin::engine::testing

@@ -1,0 +1,73 @@
+#pragma once
+// A small report for engine tests: its layout from inline designer JSON, its data from a table in
+// memory, and a log of the events in the order they fired.
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "db/recordset.h"
+#include "engine/designer.h"
+#include "engine/page_collection.h"
+#include "engine/report.h"
+
+namespace lupin::engine::testing {
+
+class LoggingReport : public Report {
+ public:
+  explicit LoggingReport(const std::string& designer_json)
+      : Report(ParseDesigner("test.json", designer_json)) {
+    for (Section* section : Sections()) {
+      const std::string name = section->Name;
+      section->Format = [this, name] {
+        log.push_back(name + "_Format");
+        if (on_format) on_format(name);
+      };
+      section->AfterPrint = [this, name] {
+        if (name == "Detail") log.push_back("Detail_AfterPrint");
+        if (on_after_print) on_after_print(name);
+      };
+    }
+  }
+
+  void SetRows(std::vector<std::string> names, std::vector<std::vector<db::Value>> rows) {
+    names_ = std::move(names);
+    rows_ = std::move(rows);
+  }
+
+  std::vector<std::string> log;
+  std::function<void(const std::string&)> on_format, on_after_print;
+  std::function<void(bool&)> on_fetch;
+  std::function<void()> on_data_initialize;
+
+ protected:
+  void ActiveReport_ReportStart() override { log.push_back("ReportStart"); }
+  void ActiveReport_DataInitialize() override {
+    log.push_back("DataInitialize");
+    DataControl1.Recordset = db::Recordset(names_, rows_);
+    if (on_data_initialize) on_data_initialize();
+  }
+  void ActiveReport_FetchData(bool& eof) override {
+    log.push_back(eof ? "FetchData(eof)" : "FetchData");
+    if (on_fetch) on_fetch(eof);
+  }
+  void ActiveReport_NoData() override { log.push_back("NoData"); }
+  void ActiveReport_ReportEnd() override { log.push_back("ReportEnd"); }
+  void ActiveReport_Error(int number, const std::string& description, bool& cancel_display) override {
+    log.push_back("Error " + std::to_string(number) + " " + description);
+    (void)cancel_display;
+  }
+
+ private:
+  std::vector<std::string> names_;
+  std::vector<std::vector<db::Value>> rows_;
+};
+
+// Items of one section name on a page, in placing order.
+inline std::vector<const PageItem*> ItemsNamed(const Page& page, const std::string& name) {
+  std::vector<const PageItem*> found;
+  for (const auto& item : page.items)
+    if (item.name == name) found.push_back(&item);
+  return found;
+}
+
+}  // namespace lupin::engine::testing
