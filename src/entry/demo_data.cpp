@@ -24,9 +24,13 @@ std::vector<demo::DemoCustomer> MakeCustomers(demo::Random& random, int ordering
   for (std::size_t k = 0; k < customers.size(); ++k) {
     auto& c = customers[k];
     const int index = static_cast<int>(k);
-    // The first customers go round the prefectures, so even a small demo covers all of them.
-    const bool round = index < kPrefectureCount;
-    c.person = demo::MakePersonIn(random, round ? index : random.Between(0, kPrefectureCount - 1), 20, !round);
+    // The first customers go round the prefectures and their places, so even a small demo covers
+    // every prefecture and every place name the address breaker treats specially.
+    if (index < kPrefectureCount * 4) {
+      c.person = demo::MakePersonIn(random, index % kPrefectureCount, 20, index / kPrefectureCount);
+    } else {
+      c.person = demo::MakePersonIn(random, random.Between(0, kPrefectureCount - 1), 20);
+    }
     c.no = index + 1;
     c.kbn = index >= ordering ? 2 : (random.Percent(15) ? 1 : 0);
     c.tanto = random.Between(1, static_cast<int>(std::size(demo::kStaff)));

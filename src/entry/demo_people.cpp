@@ -119,7 +119,7 @@ Person MakePerson(Random& random, int company_percent) {
   return MakePersonIn(random, random.Between(0, kPrefectureCount - 1), company_percent);
 }
 
-Person MakePersonIn(Random& r, int prefecture, int company_percent, bool may_omit_prefecture) {
+Person MakePersonIn(Random& r, int prefecture, int company_percent, int place) {
   Person p;
   p.prefecture = prefecture;
   const Prefecture& pref = kPrefectures[prefecture];
@@ -135,8 +135,8 @@ Person MakePersonIn(Random& r, int prefecture, int company_percent, bool may_omi
   }
   p.postcode = Postcode(r, pref.postcode);
   // A few operators leave the prefecture out.
-  std::string address = may_omit_prefecture && r.Percent(3) ? "" : std::string(pref.name);
-  address += r.Pick(pref.places);
+  std::string address = place < 0 && r.Percent(3) ? "" : std::string(pref.name);
+  address += place < 0 ? r.Pick(pref.places) : pref.places[place % 4];
   address += r.Pick(kTowns);
   address += HouseNumber(r);
   if (r.Percent(30)) address += Building(r);

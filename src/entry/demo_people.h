@@ -22,8 +22,9 @@ struct Person {
 
 // company_percent: the chance that the person writes a company and department.
 Person MakePerson(Random& random, int company_percent);
-// The prefecture of the person is chosen by the caller (so a run can cover all of them).
-Person MakePersonIn(Random& random, int prefecture, int company_percent, bool may_omit_prefecture = true);
+// The prefecture, and the place when `place` is 0..3, are chosen by the caller, so that a run can
+// cover all of them; a covering person always writes the prefecture.
+Person MakePersonIn(Random& random, int prefecture, int company_percent, int place = -1);
 
 // ASCII digits, "-" and letters to their full-width forms.
 std::string ToWideAscii(std::string_view text);
