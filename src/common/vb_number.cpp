@@ -5,6 +5,7 @@
 #include <limits>
 #include <string>
 
+#include "common/text.h"
 #include "common/vb.h"
 
 namespace lupin::vb {
@@ -35,9 +36,18 @@ double RadixValue(std::string_view digits, int radix) {
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
 }
 
+// The Japanese runtime reads full-width digits, signs and blanks as their half-width forms.
+std::string HalfWidth(std::string_view text) {
+  for (char c : text) {
+    if (static_cast<unsigned char>(c) >= 0x80) return text::ToNarrow(text);
+  }
+  return std::string(text);
+}
+
 }  // namespace
 
-double Val(std::string_view text) {
+double Val(std::string_view raw) {
+  const std::string text = HalfWidth(raw);
   // Blanks are dropped wherever they stand, so "1 2" reads 12.
   std::string clean;
   clean.reserve(text.size());
@@ -74,7 +84,8 @@ double Val(std::string_view text) {
   return value;
 }
 
-std::optional<double> NumericValue(std::string_view text) {
+std::optional<double> NumericValue(std::string_view raw) {
+  const std::string text = HalfWidth(raw);
   std::size_t begin = 0;
   std::size_t end = text.size();
   while (begin < end && (text[begin] == ' ' || text[begin] == '\t')) ++begin;

@@ -19,7 +19,7 @@ TEST(Val, ReadsTheLeadingNumber) {
       {"1 2 3", 123},   {"1,000", 1},      {"1e3", 1000},     {"1.5D2", 150},     {"1e", 1},
       {"1e+x", 1},      {"&H1F", 31},      {"&HFFFF", -1},    {"&H10000", 65536}, {"&HFFFFFFFF", -1},
       {"&O17", 15},     {"&17", 15},       {"&Hzz", 0},       {".5", 0.5},        {"-.5", -0.5},
-      {"+7", 7},        {"--7", 0},        {"１２", 0},
+      {"+7", 7},        {"--7", 0},        {"１２．５", 12.5}, {"－１　２", -12},
   };
   for (const auto& c : cases) EXPECT_DOUBLE_EQ(Val(c.text), c.expected) << c.text;
 }
@@ -36,14 +36,16 @@ TEST(IsNumeric, AcceptsWhatTheRuntimeConverts) {
   const NumericCase cases[] = {
       {"1,234", true, 1234}, {" 12 ", true, 12},   {"-3.5", true, -3.5}, {"1e3", true, 1000},
       {"1.", true, 1},       {".5", true, 0.5},    {"(5)", true, -5},    {"\\500", true, 500},
-      {"¥1,000", true, 1000}, {"&H1F", true, 31},  {"+0", true, 0},
+      {"¥1,000", true, 1000}, {"&H1F", true, 31},  {"+0", true, 0},     {"１，２３４", true, 1234},
       {"", false, 0},        {"   ", false, 0},    {"abc", false, 0},    {"12abc", false, 0},
       {".", false, 0},       {"-", false, 0},      {",1", false, 0},     {"1e", false, 0},
       {"1 2", false, 0},     {"2024/01/05", false, 0}, {"1-", false, 0},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(IsNumeric(c.text), c.numeric) << c.text;
-    if (c.numeric) EXPECT_DOUBLE_EQ(NumericValue(c.text).value_or(std::nan("")), c.value) << c.text;
+    if (c.numeric) {
+      EXPECT_DOUBLE_EQ(NumericValue(c.text).value_or(std::nan("")), c.value) << c.text;
+    }
   }
 }
 
