@@ -9,7 +9,8 @@
 
 namespace lupin::vb {
 
-// Leading number of a text ("12abc" → 12, "&H1F" → 31, "" → 0); blanks are skipped as Val does.
+// Leading number of a text ("12abc" → 12, "&H1F" → 31, "" → 0); blanks are skipped wherever they
+// stand, and full-width digits read as half-width ones.
 double Val(std::string_view text);
 bool IsNumeric(std::string_view text);
 
