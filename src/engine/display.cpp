@@ -19,6 +19,7 @@ void ApplyReportSettings(Report& report, const entry::ReportDefinition& definiti
     if (definition.paper_bin != 0) report.Printer.PaperBin = definition.paper_bin;
     if (definition.orientation != 0) report.Printer.Orientation = definition.orientation;
   }
+  if (!definition.report_name.empty()) report.DocumentTitle = definition.report_name;
   report.PageSettings.Left = Margin(definition.margin_left);
   report.PageSettings.Top = Margin(definition.margin_top);
   report.PageSettings.Right = Margin(definition.margin_right);

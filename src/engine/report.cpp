@@ -306,7 +306,7 @@ void RunState::Execute() {
       if (control->Summary == SummaryType::PageCount && !spool_) spool_ = std::make_unique<PageSpool>();
   }
   SheetSize(report_.Printer, sheet_width_, sheet_height_);
-  sink_.Begin(DocumentInfo{report_.Name(), report_.Title()});
+  sink_.Begin(DocumentInfo{report_.Name(), report_.DocumentTitle});
   begun_ = true;
 
   auto& recordset = report_.DataControl1.Recordset;
@@ -406,6 +406,7 @@ Report::Report(ReportLayout design) : design_(std::move(design)) {
   Printer = design_.printer;
   PageSettings = design_.margins;
   PrintWidth = design_.print_width;
+  DocumentTitle = design_.title;
   ResetToDesign();
 }
 

@@ -71,6 +71,8 @@ class Report {
   PageMargins PageSettings;
   std::int32_t PrintWidth = 0;
   lupin::engine::LayoutAction LayoutAction = LayoutAction::Default;
+  // The title handed to the renderers; the designer's caption until the preview sets REPORT_NAME.
+  std::string DocumentTitle;
 
   // The page being laid out, 1-based; 0 before the first.
   int PageNumber() const { return page_number_; }

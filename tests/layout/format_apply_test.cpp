@@ -179,7 +179,9 @@ TEST(TagRule, AControlHiddenByTheFormatStaysHiddenForEveryRecord) {
   int details = 0;
   for (const auto& page : pages.Pages()) {
     for (const auto& item : page.items) {
-      if (item.name == "txtBiko1") EXPECT_FALSE(item.visible);
+      if (item.name == "txtBiko1") {
+        EXPECT_FALSE(item.visible);
+      }
       if (item.name == "lblShopNote") {
         EXPECT_TRUE(item.visible);
         ++details;
