@@ -39,7 +39,7 @@ INSTANTIATE_TEST_SUITE_P(
         SeriesCase{"NonNumericStartGivesZeroBody", "ABC9", 1, {"ABC0"}},
         SeriesCase{"CountZeroGivesNothing", "1234", 0, {}},
         SeriesCase{"EmptyStartGivesNothing", "", 3, {}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& test) { return std::string(test.param.name); });
 
 TEST(DenNoHyphens, RecordsEveryPositionOrASingleZero) {
   EXPECT_EQ(RecordHyphens("1234-5678-9013"), (std::vector<int>{5, 10}));

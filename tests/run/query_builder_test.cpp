@@ -139,7 +139,7 @@ INSTANTIATE_TEST_SUITE_P(
                 1},
         SqlCase{"ListSortIsRawText", [](auto&, auto&) {}, "SELECT [CHUMON].* FROM [CHUMON]" + kOrderBy + "DESC", 1,
                 "DESC"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& test) { return std::string(test.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(
     Customers, QueryBuilderTest,
@@ -221,7 +221,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "SELECT * FROM [CUSTOMER] WHERE " + kItemJoin +
                     " WHERE [CHUMON_D].[ITEM_ID] >= 'A' AND [CHUMON_D].[ITEM_ID] <= 'B') AND ([DM区分3] = 1)" +
                     kCustomerOrder}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& test) { return std::string(test.param.name); });
 
 class FilterTest : public QueryBuilderTest {};
 
