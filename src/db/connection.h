@@ -27,9 +27,15 @@ class Connection {
   // Inside a transaction a driver may defer the statement to send several in one round trip; a
   // deferred statement's error then surfaces at the next Open, Execute of a query, or CommitTrans.
   virtual long Execute(std::string_view sql) = 0;
+  // Runs the statement at once, after any deferred ones, so the count is known: for
+  // "UPDATE ..., and INSERT when no row was touched".
+  virtual long ExecuteNow(std::string_view sql) { return Execute(sql); }
   virtual Recordset Open(std::string_view sql) = 0;
   virtual void BeginTrans() = 0;
   virtual void CommitTrans() = 0;
+  // A failed statement marks the open transaction failed: CommitTrans then rolls it back and
+  // throws the first error again. RollbackTrans outside a transaction does nothing, so a
+  // handler may always call it.
   virtual void RollbackTrans() = 0;
   virtual bool InTransaction() const = 0;
   virtual Engine GetEngine() const = 0;

@@ -19,7 +19,10 @@ std::string UrlOf(const db::Connection& connection);
 // Parameterised fixture: Db() is a fresh database of the engine under test.
 class EngineTest : public ::testing::TestWithParam<db::Engine> {
  protected:
-  void SetUp() override { connection_ = FreshDatabase(GetParam()); }
+  void SetUp() override {
+    connection_ = FreshDatabase(GetParam());
+    ASSERT_NE(connection_, nullptr) << "no database for this engine";
+  }
   db::Connection& Db() { return *connection_; }
   std::unique_ptr<db::Connection> connection_;
 };

@@ -1,0 +1,107 @@
+// Values, names and quoting as they come back from each engine.
+#include <gtest/gtest.h>
+
+#include "support/test_databases.h"
+
+namespace lupin::db {
+namespace {
+
+using testing::EngineTest;
+
+class EngineTypes : public EngineTest {};
+
+TEST_P(EngineTypes, ColumnTypesRoundTrip) {
+  Db().Execute("CREATE TABLE [T] ([I] INTEGER, [B] BIGINT, [R] DOUBLE PRECISION, [S] VARCHAR(50), [N] NUMERIC(12,2), [Z] INTEGER)");
+  Db().Execute("INSERT INTO [T] VALUES (42, 9000000000, 0.5, '受注', 12.25, NULL)");
+  Recordset rs = Db().Open("SELECT [I], [B], [R], [S], [N], [Z] FROM [T]");
+  ASSERT_EQ(rs.RecordCount(), 1u);
+  EXPECT_EQ(rs["I"], Value(42));
+  EXPECT_EQ(rs["B"], Value(std::int64_t{9000000000}));
+  EXPECT_EQ(rs["R"], Value(0.5));
+  EXPECT_EQ(rs["S"], Value("受注"));
+  EXPECT_EQ(rs["N"].Number(), 12.25);
+  EXPECT_TRUE(rs["Z"].IsNull());
+  EXPECT_EQ(rs["Z"].Text(), "");
+}
+
+TEST_P(EngineTypes, NullAndEmptyTextStayDistinct) {
+  Db().Execute("CREATE TABLE [CHUMON] ([ID] INTEGER, [入金日] VARCHAR(10))");
+  Db().Execute("INSERT INTO [CHUMON] VALUES (1, NULL)");
+  Db().Execute("INSERT INTO [CHUMON] VALUES (2, '')");
+  Db().Execute("INSERT INTO [CHUMON] VALUES (3, '2024/01/05')");
+  struct Case {
+    const char* where;
+    std::int64_t id;
+  };
+  for (const Case& c : {Case{"[入金日] IS NULL", 1}, Case{"[入金日] = ''", 2}, Case{"[入金日] > ''", 3}}) {
+    Recordset rs = Db().Open(std::string("SELECT [ID] FROM [CHUMON] WHERE ") + c.where);
+    ASSERT_EQ(rs.RecordCount(), 1u) << c.where;
+    EXPECT_EQ(rs["ID"].Long(), c.id) << c.where;
+  }
+  Recordset both = Db().Open("SELECT [ID] FROM [CHUMON] WHERE [入金日] IS NULL OR [入金日] = '' ORDER BY [ID]");
+  EXPECT_EQ(both.RecordCount(), 2u);
+}
+
+TEST_P(EngineTypes, JapaneseNamesWithBothBracketFormsAreTwoColumns) {
+  Db().Execute("CREATE TABLE [CHUMON] ([ID] INTEGER, [返信（出荷）] VARCHAR(10), [返信(出荷)] VARCHAR(10), [顧客NO] INTEGER)");
+  Db().Execute("INSERT INTO [CHUMON] ([ID], [返信（出荷）], [返信(出荷)], [顧客NO]) VALUES (1, '全角', '半角', 7)");
+  Db().Execute("UPDATE [CHUMON] SET [返信(出荷)] = '済' WHERE [ID] = 1");
+  Recordset rs = Db().Open("SELECT [CHUMON].* FROM [CHUMON]");
+  ASSERT_FALSE(rs.Eof());
+  EXPECT_EQ(rs["返信（出荷）"].Text(), "全角");
+  EXPECT_EQ(rs["返信(出荷)"].Text(), "済");
+  EXPECT_EQ(rs["顧客no"].Long(), 7);
+  EXPECT_EQ(rs["顧客NO"].Long(), 7);
+}
+
+TEST_P(EngineTypes, BracketsInsideStringLiteralsAreData) {
+  Db().Execute("CREATE TABLE [M] ([ID] INTEGER, [MEMO] VARCHAR(50))");
+  const struct {
+    const char* literal;
+    const char* stored;
+  } cases[] = {
+      {"'[x]'", "[x]"},
+      {"'It''s [A]'", "It's [A]"},
+      {"'['", "["},
+      {"'a]b[c'", "a]b[c"},
+  };
+  int id = 0;
+  for (const auto& c : cases) {
+    ++id;
+    Db().Execute("INSERT INTO [M] ([ID], [MEMO]) VALUES (" + std::to_string(id) + ", " + c.literal + ")");
+    Recordset rs = Db().Open("SELECT [MEMO] FROM [M] WHERE [ID] = " + std::to_string(id));
+    ASSERT_FALSE(rs.Eof()) << c.literal;
+    EXPECT_EQ(rs["memo"].Text(), c.stored) << c.literal;
+  }
+}
+
+TEST_P(EngineTypes, FieldNamesMatchWhateverCaseTheQueryUsed) {
+  Db().Execute("CREATE TABLE [WK_PRINT] ([ID] INTEGER, [CLIENT_NAME] VARCHAR(20), [Simei] VARCHAR(20))");
+  Db().Execute("INSERT INTO [WK_PRINT] VALUES (5, 'PC1', '山田')");
+  Recordset rs = Db().Open("SELECT * FROM [WK_PRINT]");
+  for (const char* name : {"ID", "id", "Id", "CLIENT_NAME", "client_name", "SIMEI", "simei"}) {
+    EXPECT_TRUE(rs.HasField(name)) << name;
+  }
+  EXPECT_EQ(rs["client_NAME"].Text(), "PC1");
+  EXPECT_EQ(rs.FieldIndex("nothing"), -1);
+  try {
+    (void)rs["NOTHING"];
+    ADD_FAILURE() << "a missing field must throw";
+  } catch (const DbError& error) {
+    EXPECT_NE(std::string(error.what()).find("NOTHING"), std::string::npos) << error.what();
+  }
+}
+
+TEST_P(EngineTypes, SyntaxErrorsCarryTheEngineMessage) {
+  try {
+    Db().Execute("SELEKT 1");
+    ADD_FAILURE() << "no error";
+  } catch (const DbError& error) {
+    EXPECT_NE(std::string(error.what()).find("syntax error"), std::string::npos) << error.what();
+  }
+}
+
+LUPIN_INSTANTIATE_ENGINES(EngineTypes);
+
+}  // namespace
+}  // namespace lupin::db
