@@ -101,7 +101,37 @@ TEST_P(EngineTypes, SyntaxErrorsCarryTheEngineMessage) {
   }
 }
 
+// Loops run one text many times; a reused statement must see the rows written in between.
+TEST_P(EngineTypes, RepeatedTextSeesNewRows) {
+  Db().Execute("CREATE TABLE [T] ([ID] INTEGER)");
+  for (int i = 1; i <= 3; ++i) {
+    EXPECT_EQ(Db().Execute("INSERT INTO [T] VALUES (7)"), 1);
+    Recordset rs = Db().Open("SELECT COUNT(*) AS [N], SUM([ID]) AS [S] FROM [T]");
+    EXPECT_EQ(rs["N"].Long(), i);
+    EXPECT_EQ(rs["S"].Long(), 7 * i);
+  }
+}
+
+TEST_P(EngineTypes, SeveralStatementsInOneText) {
+  Db().Execute("CREATE TABLE [T] ([ID] INTEGER); INSERT INTO [T] VALUES (1); INSERT INTO [T] VALUES (2);");
+  Recordset rs = Db().Open("DELETE FROM [T] WHERE [ID] = 1; SELECT [ID] FROM [T]");
+  ASSERT_EQ(rs.RecordCount(), 1u);
+  EXPECT_EQ(rs["ID"].Long(), 2);
+  EXPECT_EQ(Db().Execute("UPDATE [T] SET [ID] = 3"), 1);
+  EXPECT_EQ(Db().Execute("UPDATE [T] SET [ID] = 3 WHERE [ID] = 99"), 0);
+}
+
 LUPIN_INSTANTIATE_ENGINES(EngineTypes);
+
+TEST(OpenConnection, RejectsWhatItCannotOpen) {
+  for (const char* url : {"mysql://x", "", "sqlite:/nonexistent-dir/x/y.sqlite",
+                          "postgresql://nobody@127.0.0.1:1/none?connect_timeout=2"}) {
+    EXPECT_THROW(OpenConnection(url), DbError) << url;
+  }
+  auto memory = OpenConnection("sqlite::memory:");
+  EXPECT_EQ(memory->GetEngine(), Engine::Sqlite);
+  EXPECT_EQ(memory->Open("SELECT 1 + 1 AS [N]")["n"].Long(), 2);
+}
 
 }  // namespace
 }  // namespace lupin::db

@@ -1,0 +1,145 @@
+// Transactions, deferred statements and failures, on both engines.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/test_databases.h"
+
+namespace lupin::db {
+namespace {
+
+using testing::EngineTest;
+
+class Transactions : public EngineTest {
+ protected:
+  void SetUp() override {
+    EngineTest::SetUp();
+    if (HasFatalFailure()) return;
+    Db().Execute("CREATE TABLE [WK_PRINT] ([ID] INTEGER PRIMARY KEY, [CLIENT_NAME] VARCHAR(20))");
+    Db().Execute("INSERT INTO [WK_PRINT] VALUES (1, 'OLD')");
+  }
+
+  std::int64_t Count(const std::string& where = "1 = 1") {
+    Recordset rs = Db().Open("SELECT COUNT(*) AS [N] FROM [WK_PRINT] WHERE " + where);
+    return rs["N"].Long();
+  }
+
+  std::string Insert(int id) {
+    return "INSERT INTO [WK_PRINT] ([ID], [CLIENT_NAME]) VALUES (" + std::to_string(id) + ", 'PC1')";
+  }
+};
+
+TEST_P(Transactions, RollbackLeavesTheOldRows) {
+  Db().BeginTrans();
+  Db().Execute("DELETE FROM [WK_PRINT]");
+  for (int id = 10; id < 15; ++id) Db().Execute(Insert(id));
+  Db().RollbackTrans();
+  EXPECT_FALSE(Db().InTransaction());
+  EXPECT_EQ(Count(), 1);
+  EXPECT_EQ(Count("[CLIENT_NAME] = 'OLD'"), 1);
+}
+
+TEST_P(Transactions, CommitKeepsEveryStatementInOrder) {
+  Db().BeginTrans();
+  Db().Execute("DELETE FROM [WK_PRINT] WHERE [CLIENT_NAME] = 'OLD'");
+  // More statements than one batch holds, and a delete that must run after the inserts it removes.
+  for (int id = 100; id < 550; ++id) Db().Execute(Insert(id));
+  Db().Execute("DELETE FROM [WK_PRINT] WHERE [ID] >= 500");
+  Db().CommitTrans();
+  EXPECT_EQ(Count(), 400);
+  EXPECT_EQ(Count("[CLIENT_NAME] = 'OLD'"), 0);
+}
+
+TEST_P(Transactions, QueriesInsideSeeEarlierStatements) {
+  Db().BeginTrans();
+  Db().Execute(Insert(2));
+  EXPECT_EQ(Count(), 2);
+  Db().Execute("UPDATE [WK_PRINT] SET [CLIENT_NAME] = 'NEW'");
+  EXPECT_EQ(Count("[CLIENT_NAME] = 'NEW'"), 2);
+  Db().CommitTrans();
+}
+
+TEST_P(Transactions, ExecuteNowGivesTheCountInsideATransaction) {
+  Db().BeginTrans();
+  Db().Execute(Insert(2));
+  EXPECT_EQ(Db().ExecuteNow("UPDATE [WK_PRINT] SET [CLIENT_NAME] = 'X' WHERE [ID] >= 1"), 2);
+  EXPECT_EQ(Db().ExecuteNow("UPDATE [WK_PRINT] SET [CLIENT_NAME] = 'X' WHERE [ID] = 99"), 0);
+  Db().CommitTrans();
+  EXPECT_EQ(Db().Execute("DELETE FROM [WK_PRINT] WHERE [ID] = 2"), 1);
+}
+
+// The duplicate key fails at once on SQLite and at the next round trip on PostgreSQL; either way
+// the handler's rollback must leave nothing of the transaction behind.
+TEST_P(Transactions, FailingStatementRollsBackEverything) {
+  std::string message;
+  try {
+    Db().BeginTrans();
+    Db().Execute("DELETE FROM [WK_PRINT]");
+    Db().Execute(Insert(7));
+    Db().Execute(Insert(7));
+    Db().Execute(Insert(8));
+    Db().CommitTrans();
+  } catch (const DbError& error) {
+    message = error.what();
+    Db().RollbackTrans();
+  }
+  const char* expected = GetParam() == Engine::Sqlite ? "UNIQUE constraint failed" : "duplicate key value";
+  EXPECT_NE(message.find(expected), std::string::npos) << message;
+  EXPECT_FALSE(Db().InTransaction());
+  EXPECT_EQ(Count(), 1);
+  EXPECT_EQ(Count("[CLIENT_NAME] = 'OLD'"), 1);
+  // The connection is usable again afterwards.
+  Db().BeginTrans();
+  Db().Execute(Insert(9));
+  Db().CommitTrans();
+  EXPECT_EQ(Count(), 2);
+}
+
+TEST_P(Transactions, CommitAfterAFailureThrowsTheFirstError) {
+  Db().BeginTrans();
+  Db().Execute(Insert(3));
+  try {
+    Db().Execute(Insert(1));
+    Db().Open("SELECT 1 AS [X]");
+  } catch (const DbError&) {
+  }
+  try {
+    Db().CommitTrans();
+    ADD_FAILURE() << "commit of a failed transaction succeeded";
+  } catch (const DbError& error) {
+    const char* expected = GetParam() == Engine::Sqlite ? "UNIQUE constraint failed" : "duplicate key value";
+    EXPECT_NE(std::string(error.what()).find(expected), std::string::npos) << error.what();
+  }
+  EXPECT_FALSE(Db().InTransaction());
+  Db().RollbackTrans();  // a handler's rollback after the failed commit is harmless
+  EXPECT_EQ(Count(), 1);
+}
+
+TEST_P(Transactions, MisuseIsAnError) {
+  EXPECT_THROW(Db().CommitTrans(), DbError);
+  Db().BeginTrans();
+  EXPECT_THROW(Db().BeginTrans(), DbError);
+  EXPECT_TRUE(Db().InTransaction());
+  Db().RollbackTrans();
+  Db().RollbackTrans();
+  EXPECT_FALSE(Db().InTransaction());
+}
+
+TEST_P(Transactions, GuardRollsBackUnlessCommitted) {
+  {
+    Transaction guard(Db());
+    Db().Execute(Insert(20));
+  }
+  EXPECT_EQ(Count(), 1);
+  {
+    Transaction guard(Db());
+    Db().Execute(Insert(21));
+    guard.Commit();
+  }
+  EXPECT_EQ(Count(), 2);
+}
+
+LUPIN_INSTANTIATE_ENGINES(Transactions);
+
+}  // namespace
+}  // namespace lupin::db
