@@ -149,7 +149,13 @@ std::string SelectForm::NameOf(const std::string& company, const std::string& na
 }
 
 void SelectForm::LoadNewestRecord() {
-  auto rs = context_.Db().Open("SELECT [ID],[会社名],[氏名] FROM [" + IdTable() + "] ORDER BY [ID] DESC");
+  db::Recordset rs;
+  try {
+    rs = context_.Db().Open("SELECT [ID],[会社名],[氏名] FROM [" + IdTable() + "] ORDER BY [ID] DESC");
+  } catch (const db::DbError&) {
+    // CUSTOMER has no [ID]: a customer report has no order number to show, as with an empty table.
+    rs = db::Recordset();
+  }
   if (rs.Eof()) {
     for (int i = 0; i < 2; ++i) {
       txtId[i].text.clear();
