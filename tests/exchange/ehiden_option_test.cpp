@@ -1,0 +1,53 @@
+// ehiden2_option.txt: six slots by line prefix.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+#include "common/text.h"
+#include "ehiden_fixture.h"
+#include "exchange/ehiden_option.h"
+
+namespace lupin::exchange {
+namespace {
+
+using Slots = std::array<std::string, 6>;
+
+TEST(EhidenOptions, ReadsSlotsByTheLineBeginning) {
+  const struct {
+    const char* what;
+    std::string content;
+    Slots expected;
+  } cases[] = {
+      {"all six, CR LF",
+       "荷姿コード：001\r\n便種（スピード）：010\r\n便種（クール便指定）：002\r\n指定シール①：011\r\n指定シール②：012\r\n"
+       "指定シール③：013\r\n",
+       {"001", "010", "002", "011", "012", "013"}},
+      {"value kept as it stands", "荷姿コード： 1 \n", {" 1 ", "", "", "", "", ""}},
+      {"later line wins, unknown skipped", "荷姿コード：1\r# comment\r荷姿：9\r荷姿コード：2", {"2", "", "", "", "", ""}},
+      {"key must begin the line", " 荷姿コード：1\n", {"", "", "", "", "", ""}},
+      {"hiragana key matches by text compare", "便種（すぴーど）：020\n", {"", "020", "", "", "", ""}},
+      {"half-width key is longer in characters, no match", "便種（ｽﾋﾟｰﾄﾞ）：020\n", {"", "", "", "", "", ""}},
+      {"empty", "", {"", "", "", "", "", ""}},
+  };
+  for (const auto& c : cases) EXPECT_EQ(ParseEhidenOptions(c.content).slots, c.expected) << c.what;
+}
+
+TEST(EhidenOptions, SpeedAndCoolingHaveDefaults) {
+  EXPECT_EQ(ParseEhidenOptions("").Speed(), "000");
+  EXPECT_EQ(ParseEhidenOptions("").Cooling(), "001");
+  const auto set = ParseEhidenOptions("便種（スピード）：010\n便種（クール便指定）：003\n");
+  EXPECT_EQ(set.Speed(), "010");
+  EXPECT_EQ(set.Cooling(), "003");
+}
+
+TEST(EhidenOptions, FileIsShiftJisAndMayBeMissing) {
+  testing::TempDir dir;
+  const auto file = dir.Path() / "ehiden2_option.txt";
+  EXPECT_EQ(ReadEhidenOptions(file).slots, Slots{});
+  testing::WriteBytes(file, text::ToCp932("指定シール③：ＡＢ\r\n").bytes);
+  EXPECT_EQ(ReadEhidenOptions(file).slots[5], "ＡＢ");
+}
+
+}  // namespace
+}  // namespace lupin::exchange
