@@ -51,13 +51,6 @@ INSTANTIATE_TEST_SUITE_P(
         RoundCase{"k0_large_neg_below_half", -100000000000004999, 0, -10000000000000}),
     [](const ::testing::TestParamInfo<RoundCase>& p) { return std::string(p.param.name); });
 
-TEST(RoundTaxAmountEdge, DigitsArgumentIsIgnored) {
-  const Currency amount = Currency::FromScaled(1234567);
-  for (int digits : {-2, 0, 1, 4}) {
-    EXPECT_EQ(RoundTaxAmount(amount, digits, 0), RoundTaxAmount(amount, 0, 0)) << digits;
-  }
-}
-
 TEST(RoundTaxAmountEdge, OverflowAtTheCurrencyLimitRaises) {
   const Currency top = Currency::FromScaled(std::numeric_limits<std::int64_t>::max() - 100);
   const Currency bottom = Currency::FromScaled(std::numeric_limits<std::int64_t>::min() + 100);
