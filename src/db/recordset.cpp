@@ -10,20 +10,6 @@ namespace {
 // Only ASCII letters fold: the old engines compared Japanese names byte for byte.
 char FoldAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-std::string Fold(std::string_view text) {
-  std::string folded(text);
-  for (char& c : folded) c = FoldAscii(c);
-  return folded;
-}
-
-bool FoldedEquals(std::string_view folded, std::string_view name) {
-  if (folded.size() != name.size()) return false;
-  for (std::size_t i = 0; i < name.size(); ++i) {
-    if (folded[i] != FoldAscii(name[i])) return false;
-  }
-  return true;
-}
-
 struct FoldedHash {
   using is_transparent = void;
   std::size_t operator()(std::string_view name) const {
@@ -53,10 +39,7 @@ struct Recordset::NameIndex {
 };
 
 Recordset::Recordset(std::vector<std::string> names, std::vector<std::vector<Value>> rows)
-    : names_(std::move(names)), rows_(std::move(rows)) {
-  folded_names_.reserve(names_.size());
-  for (const auto& name : names_) folded_names_.push_back(Fold(name));
-}
+    : names_(std::move(names)), rows_(std::move(rows)) {}
 
 void Recordset::MovePrevious() {
   if (position_ == kBeforeFirst) return;
@@ -68,17 +51,15 @@ void Recordset::MovePrevious() {
 }
 
 int Recordset::FieldIndex(std::string_view name) const {
-  if (folded_names_.size() <= kLinearLookupLimit) {
-    for (std::size_t i = 0; i < folded_names_.size(); ++i) {
-      if (FoldedEquals(folded_names_[i], name)) return static_cast<int>(i);
+  if (names_.size() <= kLinearLookupLimit) {
+    for (std::size_t i = 0; i < names_.size(); ++i) {
+      if (FoldedEqual{}(names_[i], name)) return static_cast<int>(i);
     }
     return -1;
   }
   if (!name_index_) {
     auto index = std::make_shared<NameIndex>();
-    for (std::size_t i = 0; i < folded_names_.size(); ++i) {
-      index->positions.emplace(folded_names_[i], static_cast<int>(i));
-    }
+    for (std::size_t i = 0; i < names_.size(); ++i) index->positions.emplace(names_[i], static_cast<int>(i));
     name_index_ = std::move(index);
   }
   auto found = name_index_->positions.find(name);

@@ -43,7 +43,6 @@ class Recordset {
  private:
   static constexpr std::size_t kBeforeFirst = static_cast<std::size_t>(-1);
   std::vector<std::string> names_;
-  std::vector<std::string> folded_names_;  // lower-cased ASCII, for lookups
   struct NameIndex;
   // Built on the first lookup of a wide row (order rows have some 250 fields).
   mutable std::shared_ptr<const NameIndex> name_index_;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace lupin::db {
@@ -13,6 +14,7 @@ namespace {
 // Several workstations write to one file; a writer waits this long for another's commit.
 constexpr int kBusyTimeoutMs = 30000;
 constexpr std::size_t kStatementCacheLimit = 64;
+constexpr std::size_t kSeenLimit = 4096;
 
 Value ColumnValue(sqlite3_stmt* statement, int column) {
   switch (sqlite3_column_type(statement, column)) {
@@ -121,8 +123,7 @@ class SqliteConnection final : public Connection {
       if (!statement) continue;  // a comment
       const bool last = IsBlank(rest);
       Step(statement.get(), last ? names : nullptr, last ? rows : nullptr);
-      if (first && last) {
-        // Texts repeat in loops; literal texts do not, so the cache is small and cleared whole.
+      if (first && last && SeenBefore(sql)) {
         if (cache_.size() >= kStatementCacheLimit) ClearCache();
         cache_.emplace(std::string(sql), statement.release());
       }
@@ -159,6 +160,14 @@ class SqliteConnection final : public Connection {
     sqlite3_reset(statement);
   }
 
+  // Texts repeat in loops; literal texts mostly do not, so a text is kept only when it comes back,
+  // which spares a stream of one-off statements the copying and the churn.
+  bool SeenBefore(std::string_view sql) {
+    const std::size_t hash = std::hash<std::string_view>{}(sql);
+    if (seen_.size() >= kSeenLimit) seen_.clear();
+    return !seen_.insert(hash).second;
+  }
+
   void ClearCache() {
     for (auto& [text, statement] : cache_) sqlite3_finalize(statement);
     cache_.clear();
@@ -173,11 +182,16 @@ class SqliteConnection final : public Connection {
   bool in_transaction_ = false;
   std::string failure_;  // the first error inside the open transaction
   std::unordered_map<std::string, sqlite3_stmt*, TextHash, std::equal_to<>> cache_;
+  std::unordered_set<std::size_t> seen_;  // hashes of texts run once
 };
 
 }  // namespace
 
 std::unique_ptr<Connection> OpenSqlite(const std::string& path) {
+  // Memory statistics take a global mutex on every allocation; nothing here reads them. The call
+  // only succeeds before the library's first use, and is harmless after it.
+  static const bool configured = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0) == SQLITE_OK;
+  (void)configured;
   return std::make_unique<SqliteConnection>(path);
 }
 
