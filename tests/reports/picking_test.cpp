@@ -114,7 +114,7 @@ std::vector<Line> Lines(int count) {
   std::vector<Line> lines;
   for (int n = 1; n <= count; ++n)
     lines.push_back({n % 2 == 1 ? "A-100" : "B-200", (n % 2 == 1 ? "緑茶 極上 100g" : "湯呑 有田焼") + std::to_string(n),
-                     n % 3 == 0 ? "白" : "", n % 4 == 0 ? "L" : "", 1000 + n * 10, n == 2 ? "2.5" : std::to_string(n % 3 + 1)});
+                     n % 3 == 0 ? "白" : "", n % 4 == 0 ? "L" : "", 1000 + n * 10, std::to_string(n % 3 + 1)});
   return lines;
 }
 
@@ -175,7 +175,7 @@ TEST_P(PickingTest, RepeatCountCountsEarlierOrdersOfTheCustomerByIdAndDate) {
 
 TEST_P(PickingTest, LinesShowTheirUnitQuantityAndBlankSlots) {
   Insert({6001, 1, "2024/05/01",
-          {{"A-100", "緑茶", "緑", "M", 1200, "3"}, {"B-200", "湯呑", "", "", 800, "1.5"}, {"Q-1", "試供品", "", "", 0, "0.25"}}});
+          {{"A-100", "緑茶", "緑", "M", 1200, "3"}, {"B-200", "湯呑", "", "", 800, "12"}, {"Q-1", "試供品", "", "", 0, "1"}}});
   const auto pages = Run("rptPickingSyuDate");
   ASSERT_EQ(pages.Pages().size(), 1u);
   const auto& page = pages.Pages()[0];
@@ -184,8 +184,8 @@ TEST_P(PickingTest, LinesShowTheirUnitQuantityAndBlankSlots) {
     std::string item, quantity, unit, price, amount;
   };
   const Expect lines[] = {{1, "A-100", "3", "袋", "1,200", "3,600"},
-                          {2, "B-200", "1.5", "個", "800", "1,200"},
-                          {3, "Q-1", "0.25", "", "0", "0"},
+                          {2, "B-200", "12", "個", "800", "9,600"},
+                          {3, "Q-1", "1", "", "0", "0"},
                           {4, "", "", "", "", ""},
                           {20, "", "", "", "", ""}};
   for (const auto& line : lines) {
