@@ -1,4 +1,7 @@
 // lupinprint tax: an order's tax by rate, recomputed and written to CHUMON_T.
+#include <unistd.h>
+
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <exception>
@@ -58,8 +61,13 @@ std::vector<std::int32_t> OrderIds(db::Connection& connection, const TaxArgs& ar
   return ids;
 }
 
-void ShowProgress(std::size_t done, std::size_t total) {
-  std::cerr << "\r再計算中: " << done << " / " << total << " 件" << std::flush;
+// On a terminal the line is redrawn; in a log a line per tenth is enough.
+void ShowProgress(std::size_t done, std::size_t total, bool terminal) {
+  if (terminal) {
+    std::cerr << "\r再計算中: " << done << " / " << total << " 件" << std::flush;
+  } else if (done == total || done % std::max<std::size_t>(total / 10, 1) == 0) {
+    std::cerr << "再計算中: " << done << " / " << total << " 件\n";
+  }
 }
 
 int RecalculateAll(db::Connection& connection, money::clsCalcChumonT& calc, const TaxArgs& args) {
@@ -68,6 +76,7 @@ int RecalculateAll(db::Connection& connection, money::clsCalcChumonT& calc, cons
   std::size_t failed = 0;
   // A progress line per percent keeps stderr readable on long runs.
   const std::size_t step = ids.size() < 100 ? 1 : ids.size() / 100;
+  const bool terminal = ::isatty(STDERR_FILENO) != 0;
   for (std::size_t i = 0; i < ids.size(); ++i) {
     calc.SetId(ids[i]);
     try {
@@ -76,10 +85,10 @@ int RecalculateAll(db::Connection& connection, money::clsCalcChumonT& calc, cons
       ++failed;
       std::cerr << "\n受注ID " << ids[i] << " の計算に失敗しました: " << e.what() << '\n';
     }
-    if ((i + 1) % step == 0 || i + 1 == ids.size()) ShowProgress(i + 1, ids.size());
+    if ((i + 1) % step == 0 || i + 1 == ids.size()) ShowProgress(i + 1, ids.size(), terminal);
   }
   const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-  if (!ids.empty()) std::cerr << '\n';
+  if (terminal && !ids.empty()) std::cerr << '\n';
   std::cout << "再計算しました: " << ids.size() - failed << " 件 (失敗 " << failed << " 件, " << seconds
             << " 秒)\n";
   return failed == 0 ? 0 : 1;
@@ -111,6 +120,14 @@ void Run(const TaxArgs& args) {
     return;
   }
   calc.SetId(*args.id);
+  bool exists = false;
+  try {
+    // Calc itself would only report the end of data for an unknown id.
+    exists = !connection->Open("SELECT [ID] FROM [CHUMON] WHERE [ID] = " + std::to_string(*args.id)).Eof();
+  } catch (const std::exception& e) {
+    Fail(std::string("受注 (CHUMON) を読めません: ") + e.what());
+  }
+  if (!exists) Fail("受注ID " + std::to_string(*args.id) + " は受注 (CHUMON) にありません。");
   try {
     calc.Calc();
   } catch (const std::exception& e) {
