@@ -121,6 +121,29 @@ TEST_P(EngineTypes, SeveralStatementsInOneText) {
   EXPECT_EQ(Db().Execute("UPDATE [T] SET [ID] = 3 WHERE [ID] = 99"), 0);
 }
 
+TEST_P(EngineTypes, RepeatedFailingTextFailsEveryTimeAndLeavesTheConnectionUsable) {
+  Db().Execute("CREATE TABLE [T] ([ID] INTEGER PRIMARY KEY)");
+  Db().Execute("INSERT INTO [T] VALUES (1)");
+  for (int attempt = 0; attempt < 3; ++attempt) {
+    EXPECT_THROW(Db().Execute("INSERT INTO [T] VALUES (1)"), DbError) << attempt;
+  }
+  EXPECT_EQ(Db().Execute("INSERT INTO [T] VALUES (2)"), 1);
+  EXPECT_EQ(Db().Open("SELECT COUNT(*) AS [N] FROM [T]")["N"].Long(), 2);
+}
+
+// Sums and whole decimals come back as integers, so their text has no decimal point.
+TEST_P(EngineTypes, WholeNumbersReadAsIntegers) {
+  Db().Execute("CREATE TABLE [T] ([A] INTEGER, [B] NUMERIC(10,0), [C] BIGINT)");
+  Db().Execute("INSERT INTO [T] VALUES (1900, 250, 4000000000)");
+  Db().Execute("INSERT INTO [T] VALUES (100, 50, 4000000000)");
+  Recordset rs = Db().Open("SELECT SUM([A]) AS [SA], SUM([B]) AS [SB], SUM([C]) AS [SC], COUNT(*) AS [N] FROM [T]");
+  const struct {
+    const char* field;
+    const char* text;
+  } cases[] = {{"SA", "2000"}, {"SB", "300"}, {"SC", "8000000000"}, {"N", "2"}};
+  for (const auto& c : cases) EXPECT_EQ(rs[c.field].Text(), c.text) << c.field;
+}
+
 LUPIN_INSTANTIATE_ENGINES(EngineTypes);
 
 TEST(OpenConnection, RejectsWhatItCannotOpen) {
