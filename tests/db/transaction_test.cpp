@@ -61,7 +61,8 @@ TEST_P(Transactions, QueriesInsideSeeEarlierStatements) {
 
 TEST_P(Transactions, ExecuteNowGivesTheCountInsideATransaction) {
   Db().BeginTrans();
-  Db().Execute(Insert(2));
+  // PostgreSQL defers the statement to a batch, so its count is unknown.
+  EXPECT_EQ(Db().Execute(Insert(2)), GetParam() == Engine::Sqlite ? 1 : -1);
   EXPECT_EQ(Db().ExecuteNow("UPDATE [WK_PRINT] SET [CLIENT_NAME] = 'X' WHERE [ID] >= 1"), 2);
   EXPECT_EQ(Db().ExecuteNow("UPDATE [WK_PRINT] SET [CLIENT_NAME] = 'X' WHERE [ID] = 99"), 0);
   Db().CommitTrans();
