@@ -1,0 +1,189 @@
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "common/text.h"
+#include "reports/slips/insert_crlf.h"
+
+namespace lupin::reports {
+namespace {
+
+struct NameCase {
+  const char* name;
+  std::string text;
+  int line_bytes;
+  std::string expected;
+};
+
+class InsertCrLfNameTest : public ::testing::TestWithParam<NameCase> {};
+
+TEST_P(InsertCrLfNameTest, BreaksBehindTheCompanyWordOrAtTheWidth) {
+  const auto& c = GetParam();
+  InsertCrLf crlf;
+  crlf.LineBytes = static_cast<std::int16_t>(c.line_bytes);
+  EXPECT_EQ(crlf.InsertCrLfName(c.text), c.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, InsertCrLfNameTest,
+    ::testing::Values(
+        NameCase{"ShortNameUntouched", "山田　太郎", 20, "山田　太郎"},
+        NameCase{"BlankLinesOfAShortName", "山田\r\n\r\n太郎", 20, "山田\r\n太郎"},
+        NameCase{"BehindCompanyWord", "山田商事株式会社営業本部第一課", 20, "山田商事株式会社\r\n営業本部第一課"},
+        // The search starts at character 2, so a leading company word is never found.
+        NameCase{"LeadingCompanyWordNotFound", "株式会社山田商事営業本部第一課", 12,
+                 "株式会社山田\r\n商事営業本部\r\n第一課"},
+        NameCase{"HalfWidthBracketsAreACompanyWord", "山田商事(株)営業本部", 16, "山田商事(株)\r\n営業本部"},
+        NameCase{"FullWidthBracketsAreNot", "山田商事（株）営業本部", 16, "山田商事（株）営\r\n業本部"},
+        NameCase{"PriorityBeatsPosition", "山田(株)鈴木有限会社営業部", 22, "山田(株)鈴木有限会社\r\n営業部"},
+        NameCase{"KabushikiKaishaWinsAnywhere", "鈴木有限会社山田株式会社営業", 26, "鈴木有限会社山田株式会社\r\n営業"},
+        // The word ends at byte 12, short of 60 per cent of 22: the width decides.
+        NameCase{"WordTooEarly", "山田株式会社営業本部第一課長", 22, "山田株式会社営業本部第\r\n一課長"},
+        NameCase{"WordTooEarlyThenBlank", "山田株式会社 営業本部第一課", 22, "山田株式会社\r\n営業本部第一課"},
+        NameCase{"WordEndsBeyondTheWidth", "東洋物産販売山田株式会社", 20, "東洋物産販売山田株式\r\n会社"},
+        // A lead byte at the width: the first line loses byte N - 1 as the slips always printed.
+        NameCase{"ByteBeforeTheWidthLost", "ABCDEFGHI山田太郎", 10, "ABCDEFGH\r\n山田太郎"},
+        NameCase{"CharacterEndingThereLost", "A山田太郎鈴木花子", 10, "A山田太\r\n鈴木花子"},
+        NameCase{"LeadingBlankOfALineDropped", "山田商事株式会社 営業部", 20, "山田商事株式会社\r\n営業部"},
+        NameCase{"LeadingFullWidthBlankDropped", "山田商事株式会社　営業部", 20, "山田商事株式会社\r\n営業部"},
+        NameCase{"SymbolCompanyWord", "東洋物産㈱営業本部第一課", 16, "東洋物産㈱\r\n営業本部第一課"}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+using Lines = std::vector<std::string>;
+
+struct NameLinesCase {
+  const char* name;
+  Lines lines;
+  Lines expected;
+};
+
+class SplitNameLinesTest : public ::testing::TestWithParam<NameLinesCase> {};
+
+TEST_P(SplitNameLinesTest, BreaksAtAnyBlankElseAtTheWidth) {
+  const auto& c = GetParam();
+  InsertCrLf crlf;
+  crlf.LineBytes = 10;
+  crlf.MinLineBytes = 6;
+  Lines lines = c.lines;
+  crlf.SplitNameLines(lines);
+  EXPECT_EQ(lines, c.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, SplitNameLinesTest,
+    ::testing::Values(
+        NameLinesCase{"ShortStays", {"山田太郎"}, {"山田太郎"}},
+        NameLinesCase{"FullWidthBlank", {"山田　太郎鈴木"}, {"山田", "太郎鈴木"}},
+        NameLinesCase{"HalfWidthBlank", {"山田 太郎鈴木花"}, {"山田", "太郎鈴木花"}},
+        NameLinesCase{"NoLowerBound", {"AB 山田太郎鈴木花子"}, {"AB", "山田太郎鈴木花子"}},
+        NameLinesCase{"NoUpperBound", {"山田太郎鈴木 花子"}, {"山田太郎鈴木", "花子"}},
+        NameLinesCase{"TrailByteAtWidth", {"山田太郎鈴木花子"}, {"山田太郎鈴", "木花子"}},
+        NameLinesCase{"LeadByteAtWidthLosesNothing", {"A山田太郎鈴木花子"}, {"A山田太郎", "鈴木花子"}},
+        NameLinesCase{"LeadingBlankIsNoBreak", {" 山田太郎鈴木花子"}, {" 山田太郎", "鈴木花子"}}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+// Widths as a label sized to its caption reports them: a fixed width, or so many twips a byte.
+class FakeMeasurer : public engine::TextMeasurer {
+ public:
+  explicit FakeMeasurer(double twips_per_byte, std::optional<double> fixed_width = std::nullopt)
+      : twips_per_byte_(twips_per_byte), fixed_width_(fixed_width) {}
+  double WidthTwips(std::string_view text, const engine::FontSpec& font) override {
+    measured.emplace_back(text);
+    fonts.push_back(font);
+    return fixed_width_ ? *fixed_width_ : text::ByteLen(text) * twips_per_byte_;
+  }
+  std::vector<std::string> measured;
+  std::vector<engine::FontSpec> fonts;
+
+ private:
+  double twips_per_byte_;
+  std::optional<double> fixed_width_;
+};
+
+engine::FontSpec Mincho(double size) {
+  engine::FontSpec font;
+  font.name = "ＭＳ 明朝";
+  font.size = size;
+  return font;
+}
+
+TEST(FitLineBytes, AveragesOverThePrintingCharactersOfTheText) {
+  const struct {
+    const char* name;
+    std::string text;
+    double label_width;  // what the label reports for the cleaned caption
+    int box_width;
+    int expected;
+    const char* caption;
+  } cases[] = {
+      {"Plain", "東京都千代田区丸の内", 2400, 3405, 26, "東京都千代田区丸の内"},  // 120 a byte: 28.4 - 2
+      // Blanks of both widths and line breaks are not measured and not counted.
+      {"BlanksRemoved", "東京都　千代田区 丸の内", 2400, 3405, 26, "東京都千代田区丸の内"},
+      {"LineBreaksRemoved", "東京都\r\n千代田区丸の内", 2400, 3405, 26, "東京都千代田区丸の内"},
+      // Whole numbers by halves to even, both for the twips a byte and for the result.
+      {"ResultHalfDown", "ABCDEFGHIJ", 1000, 2850, 26, "ABCDEFGHIJ"},
+      {"ResultHalfUp", "ABCDEFGHIJ", 1000, 2950, 28, "ABCDEFGHIJ"},
+      {"TwipsPerByteHalfToEven", "ABCDEFGHIJ", 1125, 6780, 59, "ABCDEFGHIJ"},
+      {"NarrowBoxGivesNegative", "ABCDEFGHIJ", 1000, 100, -1, "ABCDEFGHIJ"},
+  };
+  for (const auto& c : cases) {
+    FakeMeasurer measurer(0, c.label_width);
+    InsertCrLf crlf;
+    EXPECT_EQ(crlf.FitLineBytes(measurer, Mincho(11.5), c.box_width, c.text), c.expected) << c.name;
+    ASSERT_EQ(measurer.measured.size(), 1u) << c.name;
+    EXPECT_EQ(measurer.measured[0], c.caption) << c.name;
+    EXPECT_EQ(measurer.fonts[0], Mincho(11.5)) << c.name;
+  }
+}
+
+TEST(FitLineBytes, NothingToMeasureGivesZero) {
+  for (const char* text : {"", " ", "　 \r\n", "\r\n"}) {
+    FakeMeasurer measurer(120);
+    InsertCrLf crlf;
+    EXPECT_EQ(crlf.FitLineBytes(measurer, Mincho(12), 3405, text), 0) << text;
+    EXPECT_TRUE(measurer.measured.empty()) << text;
+  }
+  FakeMeasurer zero_width(0, 0.0);
+  InsertCrLf crlf;
+  EXPECT_EQ(crlf.FitLineBytes(zero_width, Mincho(12), 3405, "東京"), 0);
+}
+
+TEST(FitLineBytes, LeavesTheSharedWidthToTheCaller) {
+  FakeMeasurer measurer(120);
+  InsertCrLf crlf;
+  crlf.LineBytes = 7;
+  EXPECT_EQ(crlf.FitLineBytes(measurer, Mincho(12), 3405, "東京都"), 26);
+  EXPECT_EQ(crlf.LineBytes, 7);
+}
+
+TEST(FitCompanyLines, FlowsBothOverTheTwoLinesWhenEitherIsTooWide) {
+  // 100 twips a byte in a box of 2200: 20 bytes a line.
+  const struct {
+    const char* name;
+    std::string company, department;
+    std::string expected_company, expected_department;
+  } cases[] = {
+      {"BothFit", "山田商事株式会社", "営業部", "山田商事株式会社", "営業部"},
+      {"ExactlyTheWidthFits", "一般社団法人山田商事", "総務部", "一般社団法人山田商事", "総務部"},
+      {"CompanyTooWide", "一般社団法人山田商事協会", "総務部", "一般社団法人山田商事", "協会総務部"},
+      {"LeadByteAtTheWidth", "A一般社団法人山田商事協会", "総務部", "A一般社団法人山田商", "事協会総務部"},
+      {"DepartmentTooWide", "山田商事", "製造部品質管理課第一係生産技術", "山田商事製造部品質管", "理課第一係生産技術"},
+      {"NoCompany", "", "製造部品質管理課第一係生産技術", "製造部品質管理課第一", "係生産技術"},
+  };
+  for (const auto& c : cases) {
+    FakeMeasurer measurer(100);
+    InsertCrLf crlf;
+    std::string company = c.company;
+    std::string department = c.department;
+    crlf.FitCompanyLines(company, department, measurer, Mincho(12), 2200);
+    EXPECT_EQ(company, c.expected_company) << c.name;
+    EXPECT_EQ(department, c.expected_department) << c.name;
+    ASSERT_EQ(measurer.measured.size(), 1u);
+    EXPECT_EQ(measurer.measured[0], c.company + c.department) << c.name;
+  }
+}
+
+}  // namespace
+}  // namespace lupin::reports
