@@ -1,5 +1,7 @@
 #include "run/file_report_dispatch.h"
 
+#include "exchange/ehiden_export.h"
+
 namespace lupin::run {
 
 FileReportTarget FileReportTargetOf(const entry::Context& context, std::int32_t report_no) {
@@ -25,7 +27,7 @@ FileReportTarget FileReportTargetOf(const entry::Context& context, std::int32_t 
 
 std::unique_ptr<exchange::FileWriter> FileWriterFor(std::int32_t report_no) {
   // The writers join here as the exchange folder provides them.
-  (void)report_no;
+  if (auto writer = exchange::EhidenWriterFor(report_no)) return writer;
   return nullptr;
 }
 
