@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/command_registry.h"
@@ -28,6 +29,7 @@ struct TaxArgs {
   std::optional<std::int32_t> to;
   // SQLite and PostgreSQL both take dates between apostrophes, which is dialect 0.
   int dialect = 0;
+  int batch = 500;  // orders per transaction in --all; 0 or 1: none
 };
 
 [[noreturn]] void Fail(const std::string& message) {
@@ -70,25 +72,85 @@ void ShowProgress(std::size_t done, std::size_t total, bool terminal) {
   }
 }
 
+struct Progress {
+  std::size_t total = 0;
+  std::size_t done = 0;
+  std::size_t step = 1;
+  bool terminal = false;
+
+  void Advance() {
+    ++done;
+    if (done % step == 0 || done == total) ShowProgress(done, total, terminal);
+  }
+};
+
+void ReportFailure(std::int32_t id, const std::string& message, bool terminal) {
+  std::cerr << (terminal ? "\n" : "") << "受注ID " << id << " の計算に失敗しました: " << message << '\n';
+}
+
+// One order outside any transaction; a failure is reported and counted, never ends the run.
+std::size_t CalcAlone(money::clsCalcChumonT& calc, std::int32_t id, bool terminal) {
+  calc.SetId(id);
+  try {
+    calc.Calc();
+    return 0;
+  } catch (const std::exception& e) {
+    ReportFailure(id, e.what(), terminal);
+    return 1;
+  }
+}
+
+// A batch of orders in one transaction: one commit per batch instead of two per order. A database
+// error may have spoilt the transaction, so the batch is then rolled back and redone order by order.
+std::size_t CalcBatch(db::Connection& connection, money::clsCalcChumonT& calc,
+                      const std::vector<std::int32_t>& ids, std::size_t first, std::size_t count,
+                      Progress& progress) {
+  std::vector<std::pair<std::int32_t, std::string>> failures;
+  try {
+    db::Transaction transaction(connection);
+    for (std::size_t i = first; i < first + count; ++i) {
+      calc.SetId(ids[i]);
+      try {
+        calc.Calc();
+      } catch (const db::DbError&) {
+        throw;
+      } catch (const std::exception& e) {
+        failures.emplace_back(ids[i], e.what());
+      }
+    }
+    transaction.Commit();
+  } catch (const db::DbError&) {
+    std::size_t failed = 0;
+    for (std::size_t i = first; i < first + count; ++i) {
+      failed += CalcAlone(calc, ids[i], progress.terminal);
+      progress.Advance();
+    }
+    return failed;
+  }
+  for (const auto& [id, message] : failures) ReportFailure(id, message, progress.terminal);
+  for (std::size_t i = 0; i < count; ++i) progress.Advance();
+  return failures.size();
+}
+
 int RecalculateAll(db::Connection& connection, money::clsCalcChumonT& calc, const TaxArgs& args) {
   const std::vector<std::int32_t> ids = OrderIds(connection, args);
   const auto start = std::chrono::steady_clock::now();
-  std::size_t failed = 0;
   // A progress line per percent keeps stderr readable on long runs.
-  const std::size_t step = ids.size() < 100 ? 1 : ids.size() / 100;
-  const bool terminal = ::isatty(STDERR_FILENO) != 0;
-  for (std::size_t i = 0; i < ids.size(); ++i) {
-    calc.SetId(ids[i]);
-    try {
-      calc.Calc();
-    } catch (const std::exception& e) {
-      ++failed;
-      std::cerr << "\n受注ID " << ids[i] << " の計算に失敗しました: " << e.what() << '\n';
+  Progress progress{ids.size(), 0, ids.size() < 100 ? 1 : ids.size() / 100, ::isatty(STDERR_FILENO) != 0};
+  std::size_t failed = 0;
+  if (args.batch <= 1) {
+    for (std::int32_t id : ids) {
+      failed += CalcAlone(calc, id, progress.terminal);
+      progress.Advance();
     }
-    if ((i + 1) % step == 0 || i + 1 == ids.size()) ShowProgress(i + 1, ids.size(), terminal);
+  } else {
+    const auto batch = static_cast<std::size_t>(args.batch);
+    for (std::size_t first = 0; first < ids.size(); first += batch) {
+      failed += CalcBatch(connection, calc, ids, first, std::min(batch, ids.size() - first), progress);
+    }
   }
   const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-  if (terminal && !ids.empty()) std::cerr << '\n';
+  if (progress.terminal && !ids.empty()) std::cerr << '\n';
   std::cout << "再計算しました: " << ids.size() - failed << " 件 (失敗 " << failed << " 件, " << seconds
             << " 秒)\n";
   return failed == 0 ? 0 : 1;
@@ -145,6 +207,8 @@ const RegisterCommand kRegistration([](CLI::App& root) {
   CLI::Option* all = cmd->add_flag("--all", args->all, "すべての受注を再計算 (--from/--to で範囲指定)");
   CLI::Option* from = cmd->add_option("--from", args->from, "--all の範囲: この受注ID から");
   CLI::Option* to = cmd->add_option("--to", args->to, "--all の範囲: この受注ID まで");
+  cmd->add_option("--batch", args->batch, "--all で 1 つのトランザクションにまとめる受注の件数 (0: まとめない)")
+      ->check(CLI::NonNegativeNumber);
   cmd->add_option("--dialect", args->dialect, "SQL の方言 (0, 1, 2)。既定は 0")->check(CLI::Range(0, 2));
   id->excludes(all);
   from->needs(all);
