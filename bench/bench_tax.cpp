@@ -3,10 +3,12 @@
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -70,12 +72,19 @@ void CalcAll(benchmark::State& state, Database& d) {
   const auto folder = std::filesystem::temp_directory_path() / "lupin_bench_tax_settings";
   lupin::money::clsCalcChumonT calc(lupin::settings::Settings(lupin::settings::StorePaths::InFolder(folder)));
   calc.SetDb(*d.connection);
+  // Argument: orders per transaction, as `tax --all --batch` does; 0 runs Calc on its own.
+  const auto batch = static_cast<std::size_t>(state.range(0));
   std::int64_t sum = 0;
   for (auto _ : state) {
-    for (std::int32_t id : d.ids) {
-      calc.SetId(id);
-      calc.Calc();
-      sum += calc.Zeikin1() + calc.Zeikin2() + calc.Zeikin3();
+    for (std::size_t first = 0; first < d.ids.size(); first += std::max<std::size_t>(batch, 1)) {
+      std::optional<lupin::db::Transaction> transaction;
+      if (batch > 0) transaction.emplace(*d.connection);
+      for (std::size_t i = first; i < std::min(d.ids.size(), first + std::max<std::size_t>(batch, 1)); ++i) {
+        calc.SetId(d.ids[i]);
+        calc.Calc();
+        sum += calc.Zeikin1() + calc.Zeikin2() + calc.Zeikin3();
+      }
+      if (transaction) transaction->Commit();
     }
   }
   benchmark::DoNotOptimize(sum);
@@ -94,8 +103,8 @@ void BM_CalcPostgres(benchmark::State& state) {
   CalcAll(state, *d);
 }
 
-BENCHMARK(BM_CalcSqlite)->Iterations(1)->Repetitions(5)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(BM_CalcPostgres)->Iterations(1)->Repetitions(3)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_CalcSqlite)->Arg(0)->Arg(500)->Iterations(1)->Repetitions(5)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_CalcPostgres)->Arg(0)->Arg(500)->Iterations(1)->Repetitions(3)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 
