@@ -199,8 +199,10 @@ void clsCalcChumonT::RewriteChumonT() {
                           ",[ZEIRATE2ZEI]" + ",[ZEIRATE3]" + ",[ZEIRATE3KIN]" + ",[ZEIRATE3ZEI]" +
                           ")VALUES(" + id;
   for (std::size_t i = 0; i < 3; ++i) {
-    statement += "," + zeirate_[i].ToString() + "," + std::to_string(komikin_[i]) + "," +
-                 std::to_string(zeikin_[i]);
+    for (const std::string& value :
+         {zeirate_[i].ToString(), std::to_string(komikin_[i]), std::to_string(zeikin_[i])}) {
+      statement.append(",").append(value);
+    }
   }
   statement += ")";
   connection_->Execute(statement);
