@@ -1,0 +1,193 @@
+// The line breaking over every address and name of the demo data, measured in the fonts and
+// boxes of the Yamato slip: nothing is lost, every line fits, the prefecture is never cut.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "common/text.h"
+#include "db/connection.h"
+#include "engine/measure.h"
+#include "entry/demo_data.h"
+#include "entry/demo_words.h"
+#include "entry/schema.h"
+#include "reports/slips/insert_crlf.h"
+
+namespace lupin::reports {
+namespace {
+
+struct Box {
+  const char* control;
+  const char* font;
+  double size;
+  int width;
+};
+
+// The address boxes of the Yamato slip, recipient and sender.
+constexpr Box kAddressBoxes[] = {{"lblADDRESS", "ＭＳ 明朝", 11.5, 3405}, {"lblJJUSYO", "ＭＳ 明朝", 11.5, 3465}};
+constexpr Box kNameBox{"lblNAME", "ＭＳ Ｐ明朝", 12, 2948};
+
+engine::FontSpec FontOf(const Box& box) {
+  engine::FontSpec font;
+  font.name = box.font;
+  font.size = box.size;
+  return font;
+}
+
+std::vector<std::string> Column(db::Connection& connection, const std::string& sql) {
+  std::vector<std::string> values;
+  std::set<std::string> seen;
+  for (auto rs = connection.Open(sql); !rs.Eof(); rs.MoveNext()) {
+    const std::string value = rs.Field(0).Text();
+    if (!value.empty() && seen.insert(value).second) values.push_back(value);
+  }
+  return values;
+}
+
+class DemoTexts : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    auto connection = db::OpenConnection("sqlite::memory:");
+    entry::CreateSchema(*connection);
+    entry::DemoOptions options;
+    options.orders = 600;
+    entry::FillDemoData(*connection, options);
+    for (const char* sql : {"SELECT [住所] FROM [CHUMON]", "SELECT [贈答先住所] FROM [CHUMON]",
+                            "SELECT [ショップ住所] FROM [CHUMON]", "SELECT [住所] FROM [CUSTOMER]"}) {
+      for (std::string& address : Column(*connection, sql)) addresses_->push_back(std::move(address));
+    }
+    for (const char* sql : {"SELECT [氏名] FROM [CHUMON]", "SELECT [会社名] FROM [CHUMON]", "SELECT [顧客名] FROM [CUSTOMER]"}) {
+      for (std::string& name : Column(*connection, sql)) names_->push_back(std::move(name));
+    }
+  }
+  static void TearDownTestSuite() {
+    addresses_->clear();
+    names_->clear();
+  }
+
+  static std::vector<std::string>* addresses_;
+  static std::vector<std::string>* names_;
+  engine::PangoTextMeasurer measurer_;
+};
+
+std::vector<std::string>* DemoTexts::addresses_ = new std::vector<std::string>;
+std::vector<std::string>* DemoTexts::names_ = new std::vector<std::string>;
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::size_t from = 0;
+  while (true) {
+    const std::size_t at = text.find("\r\n", from);
+    lines.push_back(text.substr(from, at == std::string::npos ? std::string::npos : at - from));
+    if (at == std::string::npos) return lines;
+    from = at + 2;
+  }
+}
+
+// The printing characters: blanks may become line breaks, line breaks may come and go.
+std::u32string Printing(const std::string& text) {
+  std::u32string out;
+  for (char32_t c : text::ToU32(text)) {
+    if (c != U' ' && c != U'　' && c != U'\r' && c != U'\n') out.push_back(c);
+  }
+  return out;
+}
+
+bool StartsUnbreakable(const std::string& line) {
+  const std::u32string narrow = text::ToU32(text::ToNarrow(line));
+  if (narrow.empty()) return false;
+  const char32_t c = narrow.front();
+  return (c >= U'0' && c <= U'9') || (c >= U'A' && c <= U'Z') || (c >= U'a' && c <= U'z');
+}
+
+TEST_F(DemoTexts, CoverEveryPrefecture) {
+  for (const auto& prefecture : entry::demo::kPrefectures) {
+    bool found = false;
+    for (const std::string& address : *addresses_) found = found || address.starts_with(prefecture.name);
+    EXPECT_TRUE(found) << prefecture.name;
+  }
+}
+
+TEST_F(DemoTexts, AddressesKeepEveryCharacterAndFitTheBoxes) {
+  ASSERT_GT(addresses_->size(), 200u);
+  for (const Box& box : kAddressBoxes) {
+    int broken = 0;
+    for (const std::string& address : *addresses_) {
+      InsertCrLf crlf;
+      crlf.LineBytes = crlf.FitLineBytes(measurer_, FontOf(box), box.width, address);
+      // A fixed-pitch face of 11.5 points: 230 twips a full-width character, 115 a byte.
+      ASSERT_EQ(crlf.LineBytes, static_cast<int>(std::nearbyint(box.width / 115.0 - 2))) << address;
+      const std::string result = crlf.InsertCrLfAddress(address);
+      SCOPED_TRACE(std::string(box.control) + ": " + address + " → " + result);
+      EXPECT_EQ(Printing(result), Printing(address));
+      const std::vector<std::string> lines = Lines(result);
+      if (lines.size() > 1) ++broken;
+      for (const std::string& line : lines) {
+        EXPECT_FALSE(line.empty());
+        if (text::ByteLen(line) > crlf.LineBytes) {
+          EXPECT_TRUE(StartsUnbreakable(line)) << line;
+        }
+      }
+      for (const auto& prefecture : entry::demo::kPrefectures) {
+        if (address.starts_with(prefecture.name)) {
+          EXPECT_TRUE(lines.front().starts_with(prefecture.name));
+        }
+      }
+    }
+    // Most demo addresses are longer than one line of the box.
+    EXPECT_GT(broken, static_cast<int>(addresses_->size()) / 4) << box.control;
+  }
+}
+
+TEST_F(DemoTexts, CityBreakIsTakenWheneverItFits) {
+  // Where prefecture and municipality make a first line of 60 to 99 per cent of the box, that is
+  // where the address breaks.
+  int checked = 0;
+  for (const std::string& address : *addresses_) {
+    for (const auto& prefecture : entry::demo::kPrefectures) {
+      if (!address.starts_with(prefecture.name)) continue;
+      for (std::string_view place : prefecture.places) {
+        const std::string first = std::string(prefecture.name) + std::string(place);
+        if (!address.starts_with(first)) continue;
+        InsertCrLf crlf;
+        crlf.LineBytes = crlf.FitLineBytes(measurer_, FontOf(kAddressBoxes[0]), kAddressBoxes[0].width, address);
+        const int bytes = text::ByteLen(first);
+        // Places with a district and a town are two words; only single-word places are plain.
+        const bool single_word = place.find("郡") == std::string_view::npos && place.find("区") == std::string_view::npos;
+        if (!single_word || bytes >= crlf.LineBytes || bytes < crlf.LineBytes * 6 / 10) continue;
+        if (text::ByteLen(address) <= crlf.LineBytes) continue;
+        EXPECT_EQ(Lines(crlf.InsertCrLfAddress(address)).front(), first) << address;
+        ++checked;
+      }
+    }
+  }
+  EXPECT_GT(checked, 0);
+}
+
+TEST_F(DemoTexts, NamesLoseAtMostOneCharacterAndFit) {
+  ASSERT_GT(names_->size(), 50u);
+  for (const std::string& name : *names_) {
+    InsertCrLf crlf;
+    crlf.LineBytes = crlf.FitLineBytes(measurer_, FontOf(kNameBox), kNameBox.width, name);
+    ASSERT_GT(crlf.LineBytes, 10) << name;
+    const std::string result = crlf.InsertCrLfName(name);
+    SCOPED_TRACE(name + " → " + result);
+    for (const std::string& line : Lines(result)) EXPECT_LE(text::ByteLen(line), crlf.LineBytes);
+    // The result reads as the name with at most the one character the width break drops.
+    const std::u32string printed = Printing(result);
+    const std::u32string original = Printing(name);
+    std::size_t i = 0;
+    int skipped = 0;
+    for (char32_t c : original) {
+      if (i < printed.size() && printed[i] == c) ++i;
+      else ++skipped;
+    }
+    EXPECT_EQ(i, printed.size());
+    EXPECT_LE(skipped, 1);
+  }
+}
+
+}  // namespace
+}  // namespace lupin::reports
