@@ -150,8 +150,11 @@ std::string ReduceToDigits(std::string_view text) {
     }
   }
   // Whatever was dropped between two numbers separates them by one hyphen.
-  for (std::size_t i = 0; i < out.size(); ++i) {
-    if (out[i] == U' ' && (i == 0 || out[i - 1] != U' ')) out[i] = U'-';
+  bool in_run = false;
+  for (char32_t& c : out) {
+    const bool blank = c == U' ';
+    if (blank && !in_run) c = U'-';
+    in_run = blank;
   }
   out = WithoutBlanks(std::move(out));
   if (!out.empty() && out.back() == U'-') out.pop_back();
