@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <sstream>
@@ -44,19 +43,6 @@ TEST(CatalogueListing, TableColumnsLineUpInDisplayWidth) {
   EXPECT_NE(lines[3].find("modEhiden3Csv"), std::string::npos);
   EXPECT_NE(lines[3].find("佐川"), std::string::npos);
   for (const std::string& line : lines) EXPECT_NE(line.back(), ' ');
-}
-
-TEST(CatalogueListing, JsonCarriesRowAndCatalogue) {
-  const nlohmann::json list = nlohmann::json::parse(FormatCatalogueJson(kRows));
-  ASSERT_EQ(list.size(), kRows.size());
-  EXPECT_EQ(list[1]["REPORT_NO"], 25);
-  EXPECT_EQ(list[1]["REPORT_NAME"], "ﾔﾏﾄ");
-  EXPECT_EQ(list[1]["ENABLED"], false);
-  EXPECT_EQ(list[1]["output"], "帳票");
-  EXPECT_EQ(list[1]["carrier"], "ヤマト");
-  EXPECT_EQ(list[2]["object"], "modEhiden3Csv");
-  EXPECT_EQ(list[3]["output"], "なし");
-  EXPECT_EQ(list[3]["object"], "");
 }
 
 class CatalogueRowsTest : public testing::ReportDbTest {};

@@ -81,15 +81,6 @@ TEST_P(ReporInfoTest, EmptyDeviceNameInFileKeepsTheTables) {
   EXPECT_EQ(info.PaperBin(), 3);
 }
 
-TEST_P(ReporInfoTest, SectionNameIsCaseInsensitiveButMustMatchTheName) {
-  Db().Execute("INSERT INTO [REPORT] ([REPORT_NO], [REPORT_NAME], [PAPER_SIZE]) VALUES (90, 'ヤマトi-CATs', 1)");
-  PutReportIni("[ヤマトI-CATS]\nPAPER_SIZE=5\n[ヤマト]\nPAPER_SIZE=6\n");
-  clsReporInfo info(home_);
-  Attach(info);
-  info.GetReportSetting(90);
-  EXPECT_EQ(info.PaperSize(), 5);
-}
-
 TEST_P(ReporInfoTest, MissingRowClearsAndReportsNoData) {
   clsReporInfo info(home_);
   Attach(info);
@@ -141,24 +132,7 @@ TEST_P(ReporInfoTest, EmptyDeviceNameWritesNothing) {
   EXPECT_FALSE(fs::exists(home_ / "REPORT.INI"));
 }
 
-TEST_P(ReporInfoTest, WithoutConnectionTheReadFails) {
-  clsReporInfo info(home_);
-  EXPECT_THROW(info.GetReportSetting(25), db::DbError);
-  EXPECT_TRUE(info.NoData());
-}
-
 LUPIN_INSTANTIATE_ENGINES(ReporInfoTest);
-
-TEST(ReporInfoDefaults, ProgramIniBesideTheComponent) {
-  const clsReporInfo info("/opt/lupin");
-  EXPECT_EQ(info.INIFile().parent_path(), fs::path("/opt/lupin"));
-  EXPECT_EQ(info.INIFile().extension(), ".INI");
-  // The program name is cut at its first ".", so a versioned binary keeps one file.
-  EXPECT_EQ(info.INIFile().stem().string().find('.'), std::string::npos);
-  EXPECT_TRUE(info.NoData());
-  EXPECT_EQ(info.PaperType(), 0);
-  EXPECT_EQ(info.DeviceName(), "");
-}
 
 }  // namespace
 }  // namespace lupin::catalogue

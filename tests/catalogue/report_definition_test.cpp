@@ -133,15 +133,6 @@ TEST_P(LoadDefinitionTest, OnlyTheComponentDirectoryFileCounts) {
   EXPECT_EQ(context_->current.paper_size, 256);
 }
 
-TEST_P(LoadDefinitionTest, CustomerReportFromOtherTable) {
-  Db().Execute(
-      "INSERT INTO [REPORT] ([REPORT_NO], [REPORT_NAME], [LBL_RPT], [OTHER_TBL_NAME]) "
-      "VALUES (23, '宛名ラベル (顧客情報)', 12, 'CUSTOMER')");
-  ASSERT_TRUE(LoadReportDefinition(*context_, 23));
-  EXPECT_EQ(context_->current.other_tbl_name, "CUSTOMER");
-  EXPECT_EQ(context_->current.lbl_rpt, 12);
-}
-
 LUPIN_INSTANTIATE_ENGINES(LoadDefinitionTest);
 
 }  // namespace

@@ -51,16 +51,5 @@ INSTANTIATE_TEST_SUITE_P(Cases, ComboByDataTest,
                          ::testing::Values(DataCase{3, 0}, DataCase{2, 2}, DataCase{-5, 3}, DataCase{0, -1},
                                            DataCase{99, -1}));
 
-TEST(ComboEmpty, NothingToSelect) {
-  ComboModel combo;
-  combo.list_index = 0;
-  SelectComboByText(combo, "x");
-  EXPECT_EQ(combo.list_index, -1);
-  combo.list_index = 0;
-  SelectComboByData(combo, 0);
-  EXPECT_EQ(combo.list_index, -1);
-  EXPECT_EQ(combo.Text(), "");
-}
-
 }  // namespace
 }  // namespace lupin::common

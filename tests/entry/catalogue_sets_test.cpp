@@ -76,55 +76,6 @@ TEST(CatalogueTable, EveryNumberInOrderWithConsistentColumns) {
   }
 }
 
-struct EntryCase {
-  int number;
-  OutputKind output;
-  const char* object;
-  SourceRows source;
-  Carrier carrier;
-  const char* delivery_name;
-};
-
-class CatalogueEntryTest : public ::testing::TestWithParam<EntryCase> {};
-
-TEST_P(CatalogueEntryTest, Columns) {
-  const CatalogueEntry& e = CatalogueOf(GetParam().number);
-  EXPECT_EQ(e.output, GetParam().output);
-  EXPECT_EQ(e.object, GetParam().object);
-  EXPECT_EQ(e.source, GetParam().source);
-  EXPECT_EQ(e.carrier, GetParam().carrier);
-  EXPECT_EQ(e.delivery_name, GetParam().delivery_name);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Samples, CatalogueEntryTest,
-    ::testing::Values(
-        EntryCase{0, OutputKind::Report, "rptNouhin", SourceRows::Orders, Carrier::None, "納品書"},
-        EntryCase{2, OutputKind::None, "", SourceRows::Orders, Carrier::Yamato, ""},
-        EntryCase{9, OutputKind::None, "", SourceRows::Nothing, Carrier::None, ""},
-        EntryCase{23, OutputKind::Report, "rptLabel12_Mikomi", SourceRows::Customers, Carrier::None,
-                  "宛名ラベル (顧客情報)"},
-        EntryCase{28, OutputKind::Report, "rptList", SourceRows::Orders, Carrier::None, ""},
-        EntryCase{29, OutputKind::Report, "rptYamatoNew", SourceRows::Customers, Carrier::Yamato, ""},
-        EntryCase{30, OutputKind::Report, "rptYamato_ColectNew", SourceRows::Customers, Carrier::Yamato, ""},
-        EntryCase{32, OutputKind::Report, "rptFukuyama", SourceRows::Orders, Carrier::Fukuyama, "福通代引き伝票"},
-        EntryCase{35, OutputKind::Report, "rptItemList", SourceRows::ItemAggregation, Carrier::None,
-                  "商品別売上集計表"},
-        EntryCase{45, OutputKind::Report, "rptUriage", SourceRows::SalesAggregation, Carrier::None,
-                  "週別売上集計表"},
-        EntryCase{50, OutputKind::Report, "rptFukuyamaColectNew", SourceRows::Orders, Carrier::Fukuyama, ""},
-        EntryCase{56, OutputKind::Report, "rptNouhinInvoice", SourceRows::Orders, Carrier::None, ""},
-        EntryCase{57, OutputKind::None, "", SourceRows::Nothing, Carrier::None, ""},
-        EntryCase{91, OutputKind::File, "modEhidenCsv", SourceRows::Orders, Carrier::Sagawa, "e-飛伝"},
-        EntryCase{92, OutputKind::File, "clsWellNet", SourceRows::Orders, Carrier::None, "WELLNETコンペイ君"},
-        EntryCase{100, OutputKind::None, "", SourceRows::Nothing, Carrier::None, ""},
-        EntryCase{101, OutputKind::File, "modAmazonSyukka", SourceRows::Orders, Carrier::None, ""},
-        EntryCase{103, OutputKind::None, "", SourceRows::Nothing, Carrier::None, ""},
-        EntryCase{104, OutputKind::File, "modEhiden3Csv", SourceRows::Orders, Carrier::Sagawa, ""},
-        EntryCase{105, OutputKind::None, "", SourceRows::Nothing, Carrier::None, ""},
-        EntryCase{-1, OutputKind::None, "", SourceRows::Nothing, Carrier::None, ""}),
-    [](const auto& p) { return "n" + std::to_string(p.param.number < 0 ? 999 : p.param.number); });
-
 struct LedgerCase {
   int printed;
   int stored;
@@ -136,8 +87,7 @@ TEST_P(LedgerTest, FileNumbersAreMapped) { EXPECT_EQ(LedgerReportNo(GetParam().p
 
 INSTANTIATE_TEST_SUITE_P(Cases, LedgerTest,
                          ::testing::Values(LedgerCase{89, 95}, LedgerCase{96, 91}, LedgerCase{104, 91},
-                                           LedgerCase{97, 90}, LedgerCase{90, 90}, LedgerCase{91, 91},
-                                           LedgerCase{95, 95}, LedgerCase{102, 102}, LedgerCase{0, 0},
+                                           LedgerCase{97, 90}, LedgerCase{90, 90}, LedgerCase{102, 102},
                                            LedgerCase{25, 25}));
 
 TEST(CustomerReports, DecidedByOtherTable) {

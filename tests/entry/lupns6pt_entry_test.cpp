@@ -21,10 +21,8 @@ class RecordingRunner : public SelectFormRunner {
     commands.emplace_back(command);
     item_names.push_back(context.default_item_name);
     client_names.push_back(context.ClientName());
-    connections.push_back(context.connection);
   }
   std::vector<std::string> reports, commands, item_names, client_names;
-  std::vector<db::Connection*> connections;
 };
 
 class CountingLogin : public LoginInfoSource {
@@ -33,23 +31,6 @@ class CountingLogin : public LoginInfoSource {
   std::int16_t Number() const override { order += "N"; return 12; }
   std::string ClientName() const override { order += "C"; return "PC-01"; }
   mutable std::string order;
-};
-
-// A connection that only notices being closed or destroyed.
-class WatchedConnection : public db::Connection {
- public:
-  explicit WatchedConnection(bool* destroyed) : destroyed_(destroyed) {}
-  ~WatchedConnection() override { *destroyed_ = true; }
-  long Execute(std::string_view) override { return 0; }
-  db::Recordset Open(std::string_view) override { return {}; }
-  void BeginTrans() override {}
-  void CommitTrans() override {}
-  void RollbackTrans() override {}
-  bool InTransaction() const override { return false; }
-  db::Engine GetEngine() const override { return db::Engine::Sqlite; }
-
- private:
-  bool* destroyed_;
 };
 
 class EntryObjectTest : public ::testing::Test {
@@ -114,27 +95,6 @@ TEST_F(EntryObjectTest, WithoutLoginAllWorkstationsShareTheEmptyKey) {
   EXPECT_EQ(runner_.client_names, (std::vector<std::string>{""}));
 }
 
-TEST_F(EntryObjectTest, ConnectionStaysTheCallers) {
-  bool destroyed = false;
-  auto connection = std::make_unique<WatchedConnection>(&destroyed);
-  {
-    Lupns6pt entry = Make();
-    entry.SetSelectFormRunner(&runner_);
-    entry.dbConnection(connection.get());
-    entry.Show();
-    EXPECT_EQ(&entry.GetContext().Db(), connection.get());
-  }
-  EXPECT_FALSE(destroyed);
-  EXPECT_EQ(runner_.connections, (std::vector<db::Connection*>{connection.get()}));
-}
-
-TEST_F(EntryObjectTest, MissingConnectionFailsOnlyAtFirstUse) {
-  Lupns6pt entry = Make();
-  entry.SetSelectFormRunner(&runner_);
-  EXPECT_NO_THROW(entry.Show());
-  EXPECT_THROW(entry.GetContext().Db(), db::DbError);
-}
-
 TEST_F(EntryObjectTest, RegisteredRunnerIsUsedWhenNoneGiven) {
   Lupns6pt entry = Make();
   RegisterSelectFormRunner(nullptr);
@@ -143,11 +103,6 @@ TEST_F(EntryObjectTest, RegisteredRunnerIsUsedWhenNoneGiven) {
   entry.Show();
   RegisterSelectFormRunner(nullptr);
   EXPECT_EQ(runner_.reports.size(), 1u);
-}
-
-TEST_F(EntryObjectTest, DefaultHomeIsTheUserSettingsFolder) {
-  Lupns6pt entry(settings::StorePaths::InFolder(folder_), {});
-  EXPECT_EQ(entry.GetContext().home, folder_);
 }
 
 struct ContextSettingCase {
