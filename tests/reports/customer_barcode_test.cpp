@@ -48,7 +48,7 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     RealAddresses, MakeCustomerBarcodeTest,
     ::testing::Values(
-        BarcodeCase{"SapporoHalfWidth", "060-0042", "北海道札幌市中央区大通西 4丁目1番地", "00600424-1"},
+        BarcodeCase{"SapporoHalfWidth", "060-0042", "北海道札幌市中央区大通西 4丁目1番地", "06000424-1"},
         BarcodeCase{"UmedaBuildingFloor", "530-0001", "大阪府大阪市北区梅田 三丁目１番３号 ＡＢＣビル１２Ｆ", "53000013-1-3-12"},
         BarcodeCase{"MarunouchiTower", "100-0005", "東京都千代田区丸の内 2-7-2 JPタワー", "10000052-7-2"},
         // The first blank follows the house number: only the floor is left to tell.
