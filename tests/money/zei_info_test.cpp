@@ -1,9 +1,6 @@
 // Tax rates by date from the TAX table, on both engines.
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -171,18 +168,6 @@ INSTANTIATE_TEST_SUITE_P(
         TaxDateCase{"mode1_empty_order", 1, "", "2019/09/10", "2019/09/20", "2019/10/05", 0, 0, 0},
         TaxDateCase{"mode2_is_order_only", 2, "2019/09/01", "", "2019/09/20", "", 2019, 9, 1}),
     [](const ::testing::TestParamInfo<TaxDateCase>& p) { return std::string(p.param.name); });
-
-TEST(GetTaxDateSetting, ModeComesFromTaxCheckDate) {
-  const auto folder = std::filesystem::temp_directory_path() /
-                      ("lupin_money_settings_" + std::to_string(::getpid()));
-  std::filesystem::create_directories(folder);
-  settings::Settings stores(settings::StorePaths::InFolder(folder));
-  EXPECT_EQ(GetTaxDate(stores, "2019/09/01", "", "2019/10/02", ""), Date(2019, 10, 2));
-  stores.SaveSetting(0, "1", "TaxCheckDate");
-  EXPECT_EQ(TaxCheckDate(stores), 1);
-  EXPECT_EQ(GetTaxDate(stores, "2019/09/01", "", "2019/10/02", ""), Date(2019, 9, 1));
-  std::filesystem::remove_all(folder);
-}
 
 }  // namespace
 }  // namespace lupin::money
