@@ -102,7 +102,7 @@ void clsCalcChumonT::Calc() {
       " ON [SHOP].[SHOP_ID] = [CHUMON].[ショップID])" + " LEFT OUTER JOIN [CHUMON_D]" +
       " ON [CHUMON_D].[ID] = [CHUMON].[ID]" + " WHERE [CHUMON].[ID] = " + std::to_string(id_));
 
-  // Step 1: the date of the rate.
+  // The date that decides the rates; no row at all gives the lowest date.
   if (rs.Eof()) {
     zei_info_.SetKijyun(vb::kLowestDate);
   } else {
@@ -111,7 +111,7 @@ void clsCalcChumonT::Calc() {
   }
   zei_info_.GetData();
 
-  // Step 2: a missing order fails here with the end-of-data error, before CHUMON_T is touched.
+  // A missing order fails here with the end-of-data error, before CHUMON_T is touched.
   const OrderLevel order = ReadOrderLevel(rs);
 
   std::array<std::int32_t, 3> included{};
@@ -120,7 +120,7 @@ void clsCalcChumonT::Calc() {
   std::array<std::int32_t, 3> inner_tax{};
   std::array<Currency, 3> rate{};
 
-  // Step 3: the lines; an order without lines is one row of NULLs, adding 0 to the normal slot.
+  // The lines; an order without lines is one row of NULLs, adding 0 to the normal slot.
   for (; !rs.Eof(); rs.MoveNext()) {
     const std::int32_t price = ReadLong(rs, "ITEM_PRICE");
     std::int16_t reduced_kbn = ReadFlag(rs, "REDUCEDKBN");
@@ -136,7 +136,7 @@ void clsCalcChumonT::Calc() {
   }
   rs.Close();
 
-  // Step 4: points, and postage and fee that contain their tax.
+  // Points always come off a tax-included amount; so do postage and fee that contain their tax.
   const bool old_exists = Add(included[kOld], excluded[kOld]) != 0;
   auto add_included_charges = [&](std::size_t slot) {
     if (order.shipping_taxkbn != 0) included[slot] = Add(included[slot], order.postage);
@@ -154,7 +154,7 @@ void clsCalcChumonT::Calc() {
     add_included_charges(kNormal);
   }
 
-  // Step 5: postage and fee without their tax. The target follows old_exists alone, so without a
+  // Postage and fee without their tax. The target follows old_exists alone, so without a
   // reduced generation an old-rate order has its included postage in slot 1 and this in slot 3.
   // With TAX_INCLUDES_DECLARED a charge flagged 0 enters no slot at all.
   if (order.includes_declared == 0) {
@@ -163,7 +163,7 @@ void clsCalcChumonT::Calc() {
     if (order.handling_taxkbn == 0) excluded[target] = Add(excluded[target], order.fee);
   }
 
-  // Step 6: the rate is taken again from the tax information, not from rate[].
+  // The rate is taken again from the tax information, not from rate[].
   for (std::size_t i = 0; i < 3; ++i) {
     const Currency product = Currency::FromLong(excluded[i]) * SlotRate(zei_info_, i);
     outer_tax[i] = RoundTaxAmount(product, 0, order.tax_calkbn).ToLong();
@@ -173,7 +173,7 @@ void clsCalcChumonT::Calc() {
     inner_tax[i] = RoundTaxAmount(quotient, 0, order.tax_calkbn).ToLong();
   }
 
-  // Step 7: a slot touched by postage or points shows its rate; lines summing to zero keep theirs.
+  // A slot touched by postage or points shows its rate; lines summing to zero keep theirs.
   std::array<std::int32_t, 3> komikin{};
   std::array<std::int32_t, 3> zeikin{};
   for (std::size_t i = 0; i < 3; ++i) {
@@ -182,7 +182,7 @@ void clsCalcChumonT::Calc() {
     if (komikin[i] != 0) rate[i] = SlotRate(zei_info_, i);
   }
 
-  // Step 8.
+  // Only a run that got this far replaces the results.
   for (std::size_t i = 0; i < 3; ++i) {
     zeirate_[i] = rate[i];
     komikin_[i] = komikin[i];
