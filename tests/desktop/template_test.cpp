@@ -1,0 +1,139 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "desktop/template.h"
+
+namespace lupin::desktop {
+namespace {
+
+db::Recordset OrderRow() {
+  return db::Recordset({"氏名", "会社名", "出荷日", "請求額", "区分", "空欄", "備考", "フラグ", "自己"},
+                       {{db::Value("山田太郎"), db::Value(), db::Value("2024/01/31"), db::Value(12345), db::Value("2"),
+                         db::Value(""), db::Value("<@氏名@>様"), db::Value(6), db::Value("<@自己@>")}});
+}
+
+struct TemplateCase {
+  const char* name;
+  std::string text;
+  std::string expected;
+};
+
+class ExpandTemplateTest : public ::testing::TestWithParam<TemplateCase> {};
+
+TEST_P(ExpandTemplateTest, FillsTheTextFromTheRow) {
+  const auto& c = GetParam();
+  const db::Recordset row = OrderRow();
+  std::string text = c.text;
+  ExpandTemplate(text, row);
+  EXPECT_EQ(text, c.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Fields, ExpandTemplateTest,
+    ::testing::Values(
+        TemplateCase{"Plain", "こんにちは<@氏名@>様", "こんにちは山田太郎様"},
+        TemplateCase{"Several", "<@氏名@>/<@区分@>/<@氏名@>", "山田太郎/2/山田太郎"},
+        TemplateCase{"NullLeavesNothing", "<@会社名@>御中", "御中"},
+        TemplateCase{"UnclosedStays", "<@氏名", "<@氏名"},
+        TemplateCase{"UnclosedAfterAField", "<@区分@>と<@氏名", "2と<@氏名"},
+        TemplateCase{"NumberFormat", "<@請求額|#,##0@>円", "12,345円"},
+        TemplateCase{"NumberFormatOnTextLeavesText", "<@氏名|#,##0@>", "山田太郎"},
+        TemplateCase{"DatePlusDaysFormatted", "<@出荷日|DATE|7|YYYY/MM/DD@>", "2024/02/07"},
+        TemplateCase{"DateFormat", "<@出荷日|DATE|YYYY年MM月DD日@>", "2024年01月31日"},
+        TemplateCase{"DateMinusOneDay", "<@出荷日|DATE|-1@>", "2024/01/30"},
+        TemplateCase{"DateOnTextLeavesText", "<@氏名|DATE|7@>", "山田太郎"},
+        TemplateCase{"ValueHoldingAMarker", "<@備考@>", "山田太郎様"},
+        // An unknown name ends the work: what is done stays done, the rest stays as it was.
+        TemplateCase{"UnknownFieldStops", "<@氏名@>A<@不明@>B<@区分@>", "山田太郎A<@不明@>B<@区分@>"},
+        TemplateCase{"InvalidDateStops", "<@区分@><@出荷日|DATE|MM|1@>", "2<@出荷日|DATE|MM|1@>"},
+        TemplateCase{"SelfReferenceEnds", "<@自己@>", "<@自己@>"}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+INSTANTIATE_TEST_SUITE_P(
+    Conditions, ExpandTemplateTest,
+    ::testing::Values(
+        TemplateCase{"EmptyQuotesMatchEmptyField", "<?IF 空欄 == ''?>空<?ENDIF?>", "空"},
+        TemplateCase{"EmptyQuotesOnFilledField", "<?IF 氏名 == ''?>空<?ENDIF?>", ""},
+        TemplateCase{"QuotedText", "<?IF 氏名 == '山田太郎'?>様<?ENDIF?>", "様"},
+        TemplateCase{"QuotedTextNotEqual", "<?IF 氏名 != '山田太郎'?>様<?ENDIF?>", ""},
+        TemplateCase{"NumberEqual", "<?IF 区分 == 2?>二<?ENDIF?>", "二"},
+        // As numbers 2 is below 10; as texts "2" would sort after "10".
+        TemplateCase{"NumbersCompareAsNumbers", "<?IF 区分 > 10?>X<?ENDIF?>", ""},
+        TemplateCase{"QuotesCompareAsText", "<?IF 区分 > '10'?>T<?ENDIF?>", "T"},
+        TemplateCase{"GreaterOrEqual", "<?IF 請求額 >= 12345?>Y<?ENDIF?>", "Y"},
+        TemplateCase{"Less", "<?IF 請求額 < 12345?>Y<?ENDIF?>", ""},
+        TemplateCase{"LessOrEqual", "<?IF 請求額 <= 12345?>Y<?ENDIF?>", "Y"},
+        TemplateCase{"NotEqualNumber", "<?IF 区分 != 2?>N<?ENDIF?>", ""},
+        TemplateCase{"BitAnd", "<?IF フラグ & 2?>B<?ENDIF?>", "B"},
+        TemplateCase{"BitAndNoCommonBit", "<?IF フラグ & 1?>B<?ENDIF?>", ""},
+        TemplateCase{"BitOrBothZero", "<?IF 空欄 | 0?>O<?ENDIF?>", ""},
+        TemplateCase{"BitOrOneSet", "<?IF 区分 | 0?>O<?ENDIF?>", "O"},
+        TemplateCase{"BitOperatorOnTextNeverHolds", "<?IF フラグ & '6'?>B<?ENDIF?>", ""},
+        TemplateCase{"LiteralLeftOperand", "<?IF 5 > 3?>Y<?ENDIF?>", "Y"},
+        TemplateCase{"UnknownOperatorNeverHolds", "<?IF 区分 =~ 2?>Y<?ENDIF?>", ""},
+        TemplateCase{"FieldInsideTheBody", "<?IF 区分 == 2?><@氏名@>様<?ENDIF?>", "山田太郎様"},
+        TemplateCase{"MissingEndIfStopsConditionsOnly", "<?IF 区分 == 2?>X <@氏名@>", "<?IF 区分 == 2?>X 山田太郎"},
+        TemplateCase{"IncompleteHeadStopsConditionsOnly", "<?IF 区分?>X<?ENDIF?><@氏名@>", "<?IF 区分?>X<?ENDIF?>山田太郎"},
+        TemplateCase{"LaterBlocksAfterAFalseOne", "<?IF 区分 == 1?>a<?ENDIF?>b<?IF 区分 == 2?>c<?ENDIF?>", "bc"}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, ExpandTemplateTest,
+    ::testing::Values(
+        TemplateCase{"BlockLineTrue", "拝啓\r\n<?IF 区分 == 2?>特別会員様<?ENDIF?>\r\n敬具", "拝啓\r\n特別会員様\r\n敬具"},
+        TemplateCase{"BlockLineFalseLeavesNoEmptyLine", "拝啓\r\n<?IF 区分 == 1?>特別会員様<?ENDIF?>\r\n敬具", "拝啓\r\n敬具"},
+        TemplateCase{"MultiLineBlockTrue", "拝啓\r\n<?IF 区分 == 2?>\r\n特別会員様\r\n<?ENDIF?>\r\n敬具", "拝啓\r\n特別会員様\r\n敬具"},
+        TemplateCase{"MultiLineBlockFalse", "拝啓\r\n<?IF 区分 == 1?>\r\n特別会員様\r\n<?ENDIF?>\r\n敬具", "拝啓\r\n敬具"},
+        TemplateCase{"InlineTrue", "合計<?IF 区分 == 2?>（税込）<?ENDIF?>です", "合計（税込）です"},
+        TemplateCase{"InlineFalse", "合計<?IF 区分 == 1?>（税込）<?ENDIF?>です", "合計です"},
+        TemplateCase{"LastLineFalse", "拝啓\r\n<?IF 区分 == 1?>特別<?ENDIF?>", "拝啓"},
+        TemplateCase{"LastLineTrue", "拝啓\r\n<?IF 区分 == 2?>特別<?ENDIF?>", "拝啓\r\n特別"},
+        TemplateCase{"OnlyLineFalse", "<?IF 区分 == 1?>特別<?ENDIF?>", ""},
+        TemplateCase{"BlanksAndTabsBehindTheBlock", "拝啓\r\n<?IF 区分 == 1?>特別<?ENDIF?> \t\r\n敬具", "拝啓\r\n敬具"},
+        TemplateCase{"TabsBehindATrueBlockGo", "拝啓\r\n<?IF 区分 == 2?>特別<?ENDIF?>\t \r\n敬具", "拝啓\r\n特別\r\n敬具"},
+        TemplateCase{"IndentedBlockFalse", "拝啓\r\n  <?IF 区分 == 1?>特別<?ENDIF?>\r\n敬具", "拝啓\r\n敬具"},
+        TemplateCase{"BodyOfBlanksIsEmpty", "拝啓\r\n<?IF 区分 == 2?> \t <?ENDIF?>\r\n敬具", "拝啓\r\n敬具"},
+        TemplateCase{"LineFeedsOnly", "拝啓\n<?IF 区分 == 1?>特別<?ENDIF?>\n敬具", "拝啓\n敬具"},
+        TemplateCase{"TextBeforeTheBlockKeepsTheLine", "区分：<?IF 区分 == 1?>特別<?ENDIF?>\r\n敬具", "区分：\r\n敬具"},
+        TemplateCase{"ConsecutiveBlockLines", "A\r\n<?IF 区分 == 1?>x<?ENDIF?>\r\n<?IF 区分 == 3?>y<?ENDIF?>\r\nB", "A\r\nB"},
+        TemplateCase{"EmptyLinesOfTheTextStay", "A\r\n\r\n<?IF 区分 == 1?>x<?ENDIF?>\r\nB", "A\r\n\r\nB"}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+TEST(ExpandTemplate, RowAtItsEndStopsAtTheFirstField) {
+  db::Recordset row = OrderRow();
+  row.MoveNext();
+  ASSERT_TRUE(row.Eof());
+  std::string text = "<?IF 区分 == '区分'?>literal<?ENDIF?> <@氏名@>";
+  ExpandTemplate(text, row);
+  EXPECT_EQ(text, "literal <@氏名@>");
+}
+
+TEST(FormatField, AppliesDateAndNumberArguments) {
+  using Parts = std::vector<std::string>;
+  const struct {
+    const char* name;
+    std::string value;
+    Parts parts;
+    std::optional<std::string> expected;
+  } cases[] = {
+      {"NoArguments", "12345", {}, "12345"},
+      {"Thousands", "12345", {"#,##0"}, "12,345"},
+      {"Decimals", "1234.5", {"0.00"}, "1234.50"},
+      {"TwoNumberFormatsInTurn", "1234.44", {"0.0", "0.00"}, "1234.40"},
+      {"TextStays", "abc", {"#,##0"}, "abc"},
+      {"DayOffsetThenFormat", "2024/01/31", {"DATE", "1", "YYYY/MM/DD"}, "2024/02/01"},
+      {"OffsetOverTheYearEnd", "2024/12/31", {"DATE", "1"}, "2025/01/01"},
+      {"FormatThenOffset", "2024/01/31", {"DATE", "YYYY年M月D日", "7"}, "2024/02/07"},
+      {"OffsetsAddUp", "2024/01/31", {"DATE", "1", "1", "YYYYMMDD"}, "20240202"},
+      {"FormatThatIsNoDateThenOffset", "2024/01/31", {"DATE", "MM", "7"}, std::nullopt},
+      {"BeyondTheCalendar", "9999/12/31", {"DATE", "1"}, std::nullopt},
+      {"DateOnText", "abc", {"DATE", "7"}, "abc"},
+      {"DateWordIsExact", "2024/01/31", {"date", "7"}, "2024/01/31"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(FormatField(c.value, c.parts), c.expected) << c.name;
+}
+
+}  // namespace
+}  // namespace lupin::desktop
