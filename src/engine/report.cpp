@@ -247,6 +247,10 @@ void RunState::FlowDetail(Section& detail) {
   }
 
   if (!band_open_) {
+    if (y_ + detail.Height > body_bottom_ && y_ > body_top_) {
+      ClosePage();
+      OpenPage();
+    }
     band_open_ = true;
     band_top_ = column_y_ = band_bottom_ = y_;
     column_ = 0;
