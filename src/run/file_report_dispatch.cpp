@@ -2,6 +2,8 @@
 
 #include "exchange/ehiden_export.h"
 
+#include "exchange/ehiden_export.h"
+
 namespace lupin::run {
 
 FileReportTarget FileReportTargetOf(const entry::Context& context, std::int32_t report_no) {
