@@ -6,6 +6,7 @@
 #include "common/sql.h"
 #include "common/text.h"
 #include "exchange/ehiden_layout.h"
+#include "exchange/ehiden_order_fetch.h"
 
 namespace lupin::exchange {
 namespace {
@@ -52,14 +53,15 @@ EhidenText BuildEhidenText(db::Connection& db, const common::Grid& grid, const E
   EhidenText result;
   if (setup.generation == EhidenGeneration::III) AppendEhiden3Header(result.text);
   AtenaFlags atena(db);
+  EhidenOrderFetch orders(db, grid);
   for (int row = 1; row <= grid.MaxRows(); ++row) {
     if (grid.Text(row, 1) != "1") continue;
     const std::string& id = grid.Text(row, 2);
-    auto order = db.Open("SELECT * FROM CHUMON WHERE ID = " + id);
-    if (order.Eof()) continue;
+    const db::Recordset* order = orders.Order(row);
+    if (order == nullptr) continue;
     const EhidenGridCells cells{grid.Text(row, 3), grid.Text(row, 4), grid.Text(row, 11), grid.Text(row, 12)};
-    const bool shop_atena = atena.Of(order["ショップID"].Text());
-    auto values = ReadEhidenOrder(order, cells, shop_atena, setup);
+    const bool shop_atena = atena.Of((*order)["ショップID"].Text());
+    auto values = ReadEhidenOrder(*order, cells, shop_atena, setup);
     if (values.code != 0) {
       result.code = static_cast<std::int16_t>(values.code);
       result.message = "ID : " + id + " の" + values.message;

@@ -1,6 +1,7 @@
 #include "exchange/ehiden_text.h"
 
 #include "common/text.h"
+#include "common/width.h"
 
 namespace lupin::exchange {
 namespace {
@@ -41,10 +42,13 @@ std::string ReplaceCrLf(std::string_view text, std::string_view with) {
 }
 
 std::string WideEach(std::string_view text) {
-  std::string out;
-  out.reserve(text.size() * 2);
-  for (const char32_t c : text::ToU32(text)) out += text::ToWide(text::FromU32(std::u32string_view(&c, 1)));
-  return out;
+  std::u32string chars = text::ToU32(text);
+  for (char32_t& c : chars) {
+    // Each character alone, so a following voiced mark is never joined to it.
+    std::size_t pos = 0;
+    c = text::TakeWide(std::u32string_view(&c, 1), pos);
+  }
+  return text::FromU32(chars);
 }
 
 std::string NarrowEach(std::string_view text) { return text::ToNarrow(text); }
