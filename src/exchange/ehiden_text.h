@@ -21,7 +21,7 @@ std::string NarrowEach(std::string_view text);
 // character on the limit is dropped.
 std::string CutBytes(int width, std::string_view text, bool remove_hyphens = false);
 
-// Part 0, 1 or 2 of a text cut into 16-character pieces; parts 1 and 2 are trimmed before the cut.
+// Piece 0, 1 or 2 of a text cut into 16-character pieces; pieces 1 and 2 are trimmed before the cut.
 std::string Split16(std::string_view text, int part);
 
 // The five lines of a recipient: three of address, two of name (with company and department

@@ -156,15 +156,6 @@ TEST_F(EhidenExportFlow, DatabaseErrorEndsTheExportWithItsDescription) {
   EXPECT_EQ(ReadBytes(env_->Out()), kOldFile);
 }
 
-TEST_F(EhidenExportFlow, ReplacesAnEarlierFileCompletely) {
-  WriteBytes(env_->Out(), std::string(10000, 'x'));
-  EhidenCsvWriter writer(EhidenGeneration::I);
-  ASSERT_EQ(writer.Export(env_->context, MakeGrid({{true, 201, "", "鈴木", "", ""}}), env_->Out()), kEhidenDone);
-  const std::string bytes = ReadBytes(env_->Out());
-  EXPECT_EQ(bytes.find('x'), std::string::npos);
-  EXPECT_TRUE(bytes.starts_with(text::ToCp932("\"\",\"東京都中央区銀座１－１\"").bytes));
-}
-
 TEST(EhidenWriters, ReportNumbersChooseTheGeneration) {
   const struct {
     int report_no;

@@ -2,7 +2,6 @@
 // every rewritten file before committing it.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <sstream>
 
@@ -10,7 +9,6 @@
 #include "ehiden_fixture.h"
 #include "ehiden_golden_orders.h"
 #include "exchange/ehiden_export.h"
-#include "exchange/ehiden_layout.h"
 #include "support/test_databases.h"
 
 namespace lupin::exchange {
@@ -85,35 +83,6 @@ TEST(EhidenGolden, PostgresAgreesWithTheSqliteFiles) {
     const std::string expected = ReadBytes(GoldenPath(c.file));
     const std::string actual = ExportBytes(env, grid, c);
     EXPECT_TRUE(expected == actual) << c.file << ": " << FirstDifference(expected, actual);
-  }
-}
-
-// Every line has the generation's field count and ends in CR LF; the third generation's header
-// has one name more than its lines have fields.
-TEST(EhidenGolden, LinesHaveTheFieldCountOfTheirGeneration) {
-  auto db = lupin::testing::FreshDatabase(db::Engine::Sqlite);
-  ExportEnv env(*db);
-  const auto grid = MakeGrid(AddGoldenOrders(*db));
-  for (const auto& c : kGoldenCases) {
-    const std::string bytes = ExportBytes(env, grid, c);
-    ASSERT_TRUE(bytes.ends_with("\"\r\n")) << c.file;
-    std::size_t from = 0;
-    int line = 0;
-    while (from < bytes.size()) {
-      // A sender text may hold a line break of its own; a line ends at quote, CR LF.
-      const std::size_t end = bytes.find("\"\r\n", from) + 1;
-      const std::string_view text(bytes.data() + from, end - from);
-      // A value may hold a quote but none holds quote, comma, quote: that sequence separates.
-      int fields = 1;
-      for (std::size_t at = text.find("\",\""); at != std::string_view::npos; at = text.find("\",\"", at + 3)) ++fields;
-      const bool header = c.generation == EhidenGeneration::III && line == 0;
-      EXPECT_EQ(fields, header ? 75 : EhidenFieldCount(c.generation)) << c.file << " line " << line;
-      EXPECT_TRUE(text.starts_with("\"") && text.ends_with("\"")) << c.file << " line " << line;
-      from = end + 2;
-      ++line;
-    }
-    // Six orders are checked and exist; one is unchecked and one has gone.
-    EXPECT_EQ(line, c.generation == EhidenGeneration::III ? 7 : 6) << c.file;
   }
 }
 

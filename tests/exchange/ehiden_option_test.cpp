@@ -4,8 +4,6 @@
 #include <array>
 #include <string>
 
-#include "common/text.h"
-#include "ehiden_fixture.h"
 #include "exchange/ehiden_option.h"
 
 namespace lupin::exchange {
@@ -31,22 +29,6 @@ TEST(EhidenOptions, ReadsSlotsByTheLineBeginning) {
       {"empty", "", {"", "", "", "", "", ""}},
   };
   for (const auto& c : cases) EXPECT_EQ(ParseEhidenOptions(c.content).slots, c.expected) << c.what;
-}
-
-TEST(EhidenOptions, SpeedAndCoolingHaveDefaults) {
-  EXPECT_EQ(ParseEhidenOptions("").Speed(), "000");
-  EXPECT_EQ(ParseEhidenOptions("").Cooling(), "001");
-  const auto set = ParseEhidenOptions("便種（スピード）：010\n便種（クール便指定）：003\n");
-  EXPECT_EQ(set.Speed(), "010");
-  EXPECT_EQ(set.Cooling(), "003");
-}
-
-TEST(EhidenOptions, FileIsShiftJisAndMayBeMissing) {
-  testing::TempDir dir;
-  const auto file = dir.Path() / "ehiden2_option.txt";
-  EXPECT_EQ(ReadEhidenOptions(file).slots, Slots{});
-  testing::WriteBytes(file, text::ToCp932("指定シール③：ＡＢ\r\n").bytes);
-  EXPECT_EQ(ReadEhidenOptions(file).slots[5], "ＡＢ");
 }
 
 }  // namespace

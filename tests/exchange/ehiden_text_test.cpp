@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "exchange/csv_quoted_line.h"
 #include "exchange/ehiden_text.h"
 
 namespace lupin::exchange {
@@ -98,32 +97,6 @@ TEST(EhidenDistributeAddress, PlacesCompanyDepartmentAndName) {
     EXPECT_EQ(lines[3], c.line4) << c.what;
     EXPECT_EQ(lines[4], c.line5) << c.what;
   }
-}
-
-TEST(EhidenWidth, ConvertsOneCharacterAtATime) {
-  const struct {
-    std::string text, wide;
-  } cases[] = {
-      {"ｶﾞｽ", "カ゛ス"},  // a voiced mark is widened on its own, not joined
-      {"abc-1", "ａｂｃ－１"},
-      {"㈱ＡＢＣ", "㈱ＡＢＣ"},
-      {"😀a", "😀ａ"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(WideEach(c.text), c.wide) << c.text;
-  EXPECT_EQ(NarrowEach("０３－１２３４"), "03-1234");
-}
-
-TEST(EhidenText, TrimsBothSpacesAndReplacesOnlyCrLfPairs) {
-  EXPECT_EQ(EhidenTrim("　 東京 　"), "東京");
-  EXPECT_EQ(ReplaceCrLf("a\r\nb\nc\rd\r\n", "　"), "a　b\nc\rd　");
-  EXPECT_EQ(ReplaceCrLf("03\r\n-1234", ""), "03-1234");
-}
-
-TEST(EhidenCsvLine, QuotesEveryValueAndLeavesInnerQuotes) {
-  std::string out;
-  AppendQuotedLine(out, {"a", "", "x\"y", "1,2"});
-  AppendQuotedLine(out, {""});
-  EXPECT_EQ(out, "\"a\",\"\",\"x\"y\",\"1,2\"\r\n\"\"\r\n");
 }
 
 }  // namespace

@@ -43,12 +43,7 @@ TEST(EhidenTimeZone, MapsTheHourOfTheText) {
       {"夜間", G::III, false, ""},
       {"0018", G::III, false, "18"},
       {"12345678901234567890", G::III, false, ""},
-  };
-  for (const auto& c : cases) EXPECT_EQ(TimeZoneCode(c.text, c.generation, c.evening_empty), c.expected) << c.text;
-}
-
-TEST(EhidenTimeZone, EveningIs04InTheOlderGenerationsWhileTheFourthTextIsEmpty) {
-  const ZoneCase cases[] = {
+      // The older generations send "04" for 18 to 21 o'clock while the fourth free text is empty.
       {"18時", G::II, true, "04"},
       {"18時", G::III, true, "18"},
       {"18時", G::II, false, "18"},
