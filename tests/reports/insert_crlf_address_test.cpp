@@ -3,7 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "common/text.h"
 #include "reports/slips/insert_crlf.h"
+#include "reports/slips/insert_crlf_chars.h"
 
 namespace lupin::reports {
 namespace {
@@ -247,6 +249,20 @@ TEST(RemoveBlankLines, DropsEmptyLinesOnlyWhenThereAreSeveral) {
     std::string text = c.text;
     RemoveBlankLines(text);
     EXPECT_EQ(text, c.expected) << c.text;
+  }
+}
+
+// The passes find blanks and digits themselves; they must agree with the byte helpers' text
+// compare search, first-character quirk included.
+TEST(CharacterSearch, AgreesWithByteInStrTextCompare) {
+  const char* lines[] = {"", " ", "　", "東京都 港区", "東京都　港区", " 東京都", "ｶﾞｽ 1", "ＡＢ　1", "1-2-3",
+                         "芝公園四丁目２番", "芝公園四丁目2番", "２丁目", "ﾋﾞﾙ３", "髙橋　3", "A\r\nB 3", "😀 3"};
+  for (const char* line : lines) {
+    EXPECT_EQ(crlf::BlankBytePosition(line), text::ByteInStr(line, " ", 1, 1)) << line;
+    for (const char* digit : {"2", "3", "1"}) {
+      EXPECT_EQ(crlf::DigitBytePosition(line, static_cast<char32_t>(digit[0])), text::ByteInStr(line, digit, 1, 1))
+          << line << " " << digit;
+    }
   }
 }
 

@@ -1,7 +1,6 @@
 #include "reports/slips/insert_crlf_chars.h"
 
 #include "common/text.h"
-#include "common/vb.h"
 
 namespace lupin::reports::crlf {
 
@@ -29,9 +28,58 @@ std::string JoinNonEmpty(const std::vector<std::string>& lines) {
   return out;
 }
 
+bool IsNumericChar(char32_t ch) { return (ch >= U'0' && ch <= U'9') || (ch >= U'０' && ch <= U'９'); }
+
+std::vector<CharAt> Characters(std::string_view text) {
+  std::vector<CharAt> chars;
+  chars.reserve(text.size());
+  std::size_t pos = 0;
+  while (pos < text.size()) {
+    const auto lead = static_cast<unsigned char>(text[pos]);
+    std::size_t length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 1;
+    // A sequence cut short or with a stray byte counts one byte, as the text helpers count it.
+    bool valid = pos + length <= text.size();
+    for (std::size_t k = 1; valid && k < length; ++k) valid = (static_cast<unsigned char>(text[pos + k]) & 0xC0) == 0x80;
+    if (!valid) length = 1;
+    char32_t code_point = lead;
+    if (length > 1) {
+      code_point = lead & (0x7F >> length);
+      for (std::size_t k = 1; k < length; ++k) code_point = (code_point << 6) | (static_cast<unsigned char>(text[pos + k]) & 0x3F);
+    }
+    const int bytes = lead < 0x80 ? 1 : text::ByteLen(text.substr(pos, length));
+    chars.push_back({code_point, pos, length, bytes});
+    pos += length;
+  }
+  return chars;
+}
+
+namespace {
+
+template <typename Match>
+int BytePositionOf(std::string_view text, Match match) {
+  int bytes_before = 0;
+  bool first = true;
+  for (const CharAt& ch : Characters(text)) {
+    if (match(ch.code_point)) return first ? 0 : bytes_before + 1;
+    first = false;
+    bytes_before += ch.sjis_bytes;
+  }
+  return 0;
+}
+
+}  // namespace
+
+int BlankBytePosition(std::string_view text) {
+  return BytePositionOf(text, [](char32_t c) { return c == U' ' || c == U'\u3000'; });
+}
+
+int DigitBytePosition(std::string_view text, char32_t digit) {
+  return BytePositionOf(text, [digit](char32_t c) { return c == digit || c == digit - U'0' + U'０'; });
+}
+
 bool IsNumericChar(std::string_view ch) {
-  if (ch.size() == 1) return ch[0] >= '0' && ch[0] <= '9';
-  return !ch.empty() && vb::IsNumeric(text::ToNarrow(ch));
+  const std::vector<CharAt> chars = Characters(ch);
+  return chars.size() == 1 && IsNumericChar(chars.front().code_point);
 }
 
 int CharInStr(std::u32string_view text, std::u32string_view find, int start) {

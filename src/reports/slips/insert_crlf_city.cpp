@@ -30,8 +30,12 @@ Prefecture FindPrefecture(const std::u32string& text) {
 
 // Characters of rest that belong to the first line, behind the prefecture.
 std::size_t MunicipalityLength(const std::u32string& rest, PrefectureKind kind) {
-  for (std::string_view exception : CityExceptions()) {
-    const std::u32string word = text::ToU32(exception);
+  static const std::vector<std::u32string> exceptions = [] {
+    std::vector<std::u32string> words;
+    for (std::string_view exception : CityExceptions()) words.push_back(text::ToU32(exception));
+    return words;
+  }();
+  for (const std::u32string& word : exceptions) {
     if (rest.starts_with(word)) return word.size();
   }
   if (kind == PrefectureKind::None) return 0;
@@ -81,12 +85,11 @@ std::string InsertCrLf::SplitAtCity(std::string_view text) const {
   // The city break would leave a line too short or too long: break before the house number,
   // and only when what stands before it cannot fit on one line anyway.
   int bytes_before = 0;
-  for (char32_t ch : whole) {
-    const std::string character = text::FromU32(std::u32string_view(&ch, 1));
-    if (crlf::IsNumericChar(character)) {
+  for (const crlf::CharAt& ch : crlf::Characters(text)) {
+    if (crlf::IsNumericChar(ch.code_point)) {
       return bytes_before > LineBytes ? HardBreak(text, LineBytes) : std::string(text);
     }
-    bytes_before += text::ByteLen(character);
+    bytes_before += ch.sjis_bytes;
   }
   return std::string(text);
 }

@@ -72,7 +72,7 @@ void InsertCrLf::SplitAtSpace(std::vector<std::string>& lines) const {
   std::vector<std::string> out;
   out.reserve(lines.size() + 1);
   for (std::string& line : lines) {
-    const int p = text::ByteInStr(line, " ", 1, 1);
+    const int p = crlf::BlankBytePosition(line);
     if (p < LineBytes && p >= MinLineBytes) {
       // The blank itself is dropped, one byte or two.
       const int after = p + (ByteClass(line, p) == kLeadByte ? 2 : 1);
@@ -93,17 +93,16 @@ void InsertCrLf::SplitAtDigit(std::vector<std::string>& lines) const {
       out.push_back(std::move(line));
       continue;
     }
-    std::string digit;
-    for (char32_t ch : text::ToU32(line)) {
-      const std::string narrow = text::ToNarrow(text::FromU32(std::u32string_view(&ch, 1)));
-      if (crlf::IsNumericChar(narrow)) {
-        digit = narrow;
+    char32_t digit = 0;
+    for (const crlf::CharAt& ch : crlf::Characters(line)) {
+      if (crlf::IsNumericChar(ch.code_point)) {
+        digit = ch.code_point >= U'０' ? ch.code_point - U'０' + U'0' : ch.code_point;
         break;
       }
     }
-    // The same digit at either width: the house number may be written in full-width.
-    const int p = digit.empty() ? 0 : text::ByteInStr(line, digit, 1, 1);
-    if (!digit.empty() && p >= MinLineBytes) {
+    // The first place of the same digit at either width: the house number may be written in full-width.
+    const int p = digit == 0 ? 0 : crlf::DigitBytePosition(line, digit);
+    if (digit != 0 && p >= MinLineBytes) {
       out.push_back(ByteLeft(line, p - 1));
       out.push_back(ByteMid(line, p));
     } else {
@@ -143,7 +142,7 @@ void InsertCrLf::SplitNameLines(std::vector<std::string>& lines) const {
       out.push_back(std::move(line));
       continue;
     }
-    const int p = text::ByteInStr(line, " ", 1, 1);
+    const int p = crlf::BlankBytePosition(line);
     if (p != 0) {
       out.push_back(ByteLeft(line, p - 1));
       out.push_back(ByteMid(line, ByteClass(line, p) == kLeadByte ? p + 2 : p + 1));
