@@ -5,6 +5,7 @@
 
 #include "app/command_registry.h"
 #include "run/headless_run.h"
+#include "run/preview_runner.h"
 
 namespace lupin::app {
 
@@ -126,7 +127,8 @@ void Install(CLI::App& root) {
     if (args->no_distinct) opt.distinct = false;
     opt.uncheck = SplitList(args->uncheck);
     opt.only = SplitList(args->only);
-    const int code = run::RunHeadless(opt, std::cout, std::cerr);
+    const auto engine = run::MakeRegisteredPreviewRunner();
+    const int code = run::RunHeadless(opt, std::cout, std::cerr, engine.get());
     if (code != 0) throw CLI::RuntimeError(code);
   });
 }

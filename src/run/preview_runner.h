@@ -1,6 +1,8 @@
 #pragma once
 // The hook through which the preview runs a report object. The report engine implements it; a
 // batch run without pages uses StagedRowsRunner so that the bookkeeping still works.
+#include <functional>
+#include <memory>
 #include <string_view>
 
 #include "entry/context.h"
@@ -30,5 +32,18 @@ class StagedRowsRunner : public PreviewRunner {
  private:
   int count_ = 0;
 };
+
+// The report engine registers how to make its runner at start-up; the run command then previews
+// and prints through it. Without one, page reports stop after staging.
+using PreviewRunnerFactory = std::function<std::unique_ptr<PreviewRunner>()>;
+inline PreviewRunnerFactory& RegisteredPreviewRunnerSlot() {
+  static PreviewRunnerFactory factory;
+  return factory;
+}
+inline void RegisterPreviewRunner(PreviewRunnerFactory factory) { RegisteredPreviewRunnerSlot() = std::move(factory); }
+inline std::unique_ptr<PreviewRunner> MakeRegisteredPreviewRunner() {
+  const auto& factory = RegisteredPreviewRunnerSlot();
+  return factory ? factory() : nullptr;
+}
 
 }  // namespace lupin::run
