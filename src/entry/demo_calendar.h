@@ -1,6 +1,6 @@
 #pragma once
 // Civil dates as day numbers, so the demo data never depends on the clock or the time zone.
-#include <cstdio>
+#include <cstddef>
 #include <string>
 
 namespace lupin::entry::demo {
@@ -31,12 +31,17 @@ constexpr Civil CivilFromDays(int z) {
   return {yoe + era * 400 + (m <= 2), m, d};
 }
 
-// "YYYY/MM/DD", the form every date of the order tables has.
+// "YYYY/MM/DD", the form every date of the order tables has (years 1000 to 9999).
 inline std::string DateText(int days) {
   const Civil c = CivilFromDays(days);
-  char buffer[16];
-  std::snprintf(buffer, sizeof buffer, "%04d/%02d/%02d", c.year, c.month, c.day);
-  return buffer;
+  std::string text = "0000/00/00";
+  auto put = [&text](std::size_t end, int value, int width) {
+    for (int i = 0; i < width; ++i, value /= 10) text[end - static_cast<std::size_t>(i)] = static_cast<char>('0' + value % 10);
+  };
+  put(3, c.year, 4);
+  put(6, c.month, 2);
+  put(9, c.day, 2);
+  return text;
 }
 
 // The fiscal year, which starts in April.

@@ -39,7 +39,7 @@ std::vector<demo::DemoCustomer> MakeCustomers(demo::Random& random, int ordering
       auto& previous = customers[k - 1];
       c.person.phone = previous.person.phone;
       c.person.phone_digits = previous.person.phone_digits;
-      if (previous.branch.empty()) previous.branch = "1";
+      if (previous.branch.empty()) previous.branch.assign(1, '1');
       c.branch = std::to_string(std::stoi(previous.branch) + 1);
     }
     for (auto& flag : c.dm) flag = random.Percent(30);

@@ -135,8 +135,8 @@ struct OrderWriter::Impl {
         line_row(*FindTable("CHUMON_D")),
         oc(order_row),
         lc(line_row),
-        orders(c, *FindTable("CHUMON"), 100),
-        lines(c, *FindTable("CHUMON_D"), 500) {
+        orders(c, *FindTable("CHUMON"), 25),
+        lines(c, *FindTable("CHUMON_D"), 100) {
     for (std::size_t i = 0; i < customers.size(); ++i) {
       if (customers[i].kbn != 2) returning.push_back(static_cast<int>(i));
     }
@@ -315,7 +315,7 @@ void OrderWriter::Impl::Add(int id, int day, int first_time) {
     o.Text(c.waybill, "");
   }
   o.Text(c.payment, payment->method);
-  if (prepaid || payment->method == "NP後払い") o.Text(c.receipt, "A" + Digits(r, 10));
+  if (prepaid || payment->method == "NP後払い") o.Text(c.receipt, std::string("A").append(Digits(r, 10)));
   o.Text(c.reply_wide, shipped ? "済" : "");
   o.Text(c.reply_ascii, shipped ? "済" : "");
   const int customer_no = customer ? customer->no : 0;
@@ -394,9 +394,14 @@ void OrderWriter::Impl::Add(int id, int day, int first_time) {
   for (int n = 0; n < kChumonSlots; ++n) {
     const auto s = static_cast<std::size_t>(n);
     if (n >= static_cast<int>(order_lines.size())) {
-      if (empty_as_text) {
-        for (int column : {c.item_id[s], c.item_name[s], c.color[s], c.size[s]}) o.Text(column, "");
+      for (int column : {c.item_id[s], c.item_name[s], c.color[s], c.size[s]}) {
+        if (empty_as_text) {
+          o.Text(column, "");
+        } else {
+          o.Omit(column);
+        }
       }
+      for (int column : {c.unit_price[s], c.qty[s], c.subtotal[s], c.tax_kbn[s]}) o.Omit(column);
       continue;
     }
     const Line& line = order_lines[s];

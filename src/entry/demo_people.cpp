@@ -46,11 +46,11 @@ std::string Building(Random& r) {
   const std::string room = Number(r.Between(1, 12)) + Number(r.Between(1, 9), 2);
   const std::string_view name = r.Pick(kBuildings);
   switch (r.Below(5)) {
-    case 0: return " " + std::string(name) + room;
-    case 1: return "　" + std::string(name) + " " + room + "号室";
-    case 2: return " " + std::string(name) + ToWideAscii(room);
-    case 3: return std::string(name) + " " + Number(r.Between(2, 9)) + "F";
-    default: return "　" + std::string(name) + Number(r.Between(1, 3)) + "階";
+    case 0: return std::string(" ").append(name).append(room);
+    case 1: return std::string("　").append(name).append(" ").append(room).append("号室");
+    case 2: return std::string(" ").append(name).append(ToWideAscii(room));
+    case 3: return std::string(name).append(" ").append(Number(r.Between(2, 9))).append("F");
+    default: return std::string("　").append(name).append(Number(r.Between(1, 3))).append("階");
   }
 }
 

@@ -1,6 +1,7 @@
 // Row text for the demo data's multi-row INSERT statements.
 #include "entry/demo_sql.h"
 
+#include <algorithm>
 #include <charconv>
 #include <stdexcept>
 
@@ -55,39 +56,57 @@ void SqlRow::Real(int index, double number) {
 
 void SqlRow::AppendTo(std::string& out) const {
   out += '(';
-  for (std::size_t i = 0; i < values_.size(); ++i) {
-    if (i) out += ',';
-    out += values_[i];
+  bool first = true;
+  for (const auto& value : values_) {
+    if (value.empty()) continue;
+    if (!first) out += ',';
+    first = false;
+    out += value;
   }
   out += ')';
 }
 
 InsertBatch::InsertBatch(db::Connection& connection, const TableDef& table, int rows_per_statement)
-    : connection_(connection), rows_per_statement_(rows_per_statement) {
-  const db::Engine engine = connection.GetEngine();
-  header_ = "INSERT INTO " + QuoteName(table.name, engine) + " (";
-  for (std::size_t i = 0; i < table.columns.size(); ++i) {
-    if (i) header_ += ',';
-    header_ += QuoteName(table.columns[i].name, engine);
-  }
-  header_ += ") VALUES ";
-}
+    : connection_(connection), table_(table), rows_per_statement_(rows_per_statement) {}
 
 void InsertBatch::Add(const SqlRow& row) {
-  if (pending_ == 0) {
-    sql_.assign(header_);
-  } else {
-    sql_ += ',';
+  present_.resize(row.Size());
+  for (std::size_t i = 0; i < row.Size(); ++i) present_[i] = !row.Omitted(i);
+  auto group = std::find_if(groups_.begin(), groups_.end(), [&](const Group& g) { return g.present == present_; });
+  if (group == groups_.end()) {
+    Group fresh;
+    fresh.present = present_;
+    const db::Engine engine = connection_.GetEngine();
+    fresh.header = "INSERT INTO " + QuoteName(table_.name, engine) + " (";
+    bool first = true;
+    for (std::size_t i = 0; i < table_.columns.size(); ++i) {
+      if (!present_[i]) continue;
+      if (!first) fresh.header += ',';
+      first = false;
+      fresh.header += QuoteName(table_.columns[i].name, engine);
+    }
+    fresh.header += ") VALUES ";
+    groups_.push_back(std::move(fresh));
+    group = groups_.end() - 1;
   }
-  row.AppendTo(sql_);
-  if (++pending_ >= rows_per_statement_) Flush();
+  if (group->pending == 0) {
+    group->sql.assign(group->header);
+  } else {
+    group->sql += ',';
+  }
+  row.AppendTo(group->sql);
+  if (++group->pending >= rows_per_statement_) Send(*group);
+}
+
+void InsertBatch::Send(Group& group) {
+  if (group.pending == 0) return;
+  connection_.Execute(group.sql);
+  written_ += group.pending;
+  group.pending = 0;
 }
 
 void InsertBatch::Flush() {
-  if (pending_ == 0) return;
-  connection_.Execute(sql_);
-  written_ += pending_;
-  pending_ = 0;
+  for (auto& group : groups_) Send(group);
 }
 
 }  // namespace lupin::entry::demo
