@@ -1,0 +1,39 @@
+#include "reports/slips/yamato_text.h"
+
+#include <cmath>
+
+#include "common/text.h"
+#include "common/vb.h"
+
+namespace lupin::reports {
+
+std::array<std::string, kPostcodeBoxes> PostcodeBoxes(std::string_view postcode) {
+  // Text comparison: the full-width hyphen goes too.
+  const std::string digits = text::TextReplace(postcode, "-", "");
+  std::array<std::string, kPostcodeBoxes> boxes;
+  for (int i = 0; i < kPostcodeBoxes; ++i) boxes[static_cast<std::size_t>(i)] = text::CharMid(digits, i + 1, 1);
+  return boxes;
+}
+
+MemoPieces SplitMemo2(std::string_view fld_txt2) {
+  const std::size_t hyphen = fld_txt2.find('-');
+  if (hyphen == std::string_view::npos) return {};
+  if (hyphen == 0) return {"", "-"};
+  if (hyphen + 1 == fld_txt2.size()) return {std::string(fld_txt2), ""};
+  return {std::string(fld_txt2.substr(0, hyphen)), std::string(fld_txt2.substr(hyphen + 1))};
+}
+
+std::string DeliveryDateText(std::string_view delivery_date) {
+  const auto date = vb::CDate(delivery_date);
+  if (!date) return "";
+  return vb::FormatDate(*date, "mm   dd");
+}
+
+std::uint8_t AtenaByte(std::string_view atena) {
+  // CByte: banker's rounding, and an overflow that the lookup's handler turns into 0.
+  const double value = std::nearbyint(vb::Val(atena));
+  if (value < 0 || value > 255) return 0;
+  return static_cast<std::uint8_t>(value);
+}
+
+}  // namespace lupin::reports
