@@ -32,7 +32,8 @@ std::string CleanBody(std::string_view body) {
 
 // Replaces the block [begin, end) by its result. A block alone on its line leaves no empty line
 // when its result is empty; blanks and tabs between the block and the line's end go with it.
-void ReplaceBlock(std::string& text, std::size_t begin, std::size_t end, const std::string& result) {
+// Returns where the text that followed the block now begins, or the result when it has one.
+std::size_t ReplaceBlock(std::string& text, std::size_t begin, std::size_t end, const std::string& result) {
   const std::size_t previous_break = begin == 0 ? std::string::npos : text.rfind('\n', begin - 1);
   const std::size_t line_begin = previous_break == std::string::npos ? 0 : previous_break + 1;
   const std::size_t next_break = text.find('\n', end);
@@ -44,16 +45,19 @@ void ReplaceBlock(std::string& text, std::size_t begin, std::size_t end, const s
   if (alone && result.empty()) {
     if (next_break != std::string::npos) {
       text.erase(line_begin, next_break + 1 - line_begin);
-    } else if (line_begin > 0) {
+      return line_begin;
+    }
+    if (line_begin > 0) {
       // The last line of the text: its preceding line break goes instead.
       const std::size_t break_begin = line_begin >= 2 && text[line_begin - 2] == '\r' ? line_begin - 2 : line_begin - 1;
       text.erase(break_begin, text.size() - break_begin);
-    } else {
-      text.erase(line_begin, line_end - line_begin);
+      return break_begin;
     }
-    return;
+    text.erase(line_begin, line_end - line_begin);
+    return line_begin;
   }
   text.replace(begin, (tail_blank ? line_end : end) - begin, result);
+  return begin;
 }
 
 // Resolves the blocks from the start. A head or block left incomplete ends all condition work,
@@ -79,9 +83,8 @@ void ExpandConditions(std::string& text, const db::Recordset& row) {
                                       view.substr(left_end + 1, op_end - left_end - 1),
                                       view.substr(op_end + 1, right_end - op_end - 1), row);
     const std::string result = holds ? CleanBody(view.substr(body_begin, end_if - body_begin)) : std::string();
-    ReplaceBlock(text, begin, end_if + kEndIf.size(), result);
     // The body may hold a block of its own.
-    from = begin;
+    from = ReplaceBlock(text, begin, end_if + kEndIf.size(), result);
   }
 }
 

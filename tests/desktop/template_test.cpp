@@ -98,6 +98,7 @@ INSTANTIATE_TEST_SUITE_P(
         TemplateCase{"LineFeedsOnly", "拝啓\n<?IF 区分 == 1?>特別<?ENDIF?>\n敬具", "拝啓\n敬具"},
         TemplateCase{"TextBeforeTheBlockKeepsTheLine", "区分：<?IF 区分 == 1?>特別<?ENDIF?>\r\n敬具", "区分：\r\n敬具"},
         TemplateCase{"ConsecutiveBlockLines", "A\r\n<?IF 区分 == 1?>x<?ENDIF?>\r\n<?IF 区分 == 3?>y<?ENDIF?>\r\nB", "A\r\nB"},
+        TemplateCase{"IndentedBlockThenAnother", "A\r\n  <?IF 区分 == 1?>x<?ENDIF?>\r\n<?IF 区分 == 3?>y<?ENDIF?>\r\nB", "A\r\nB"},
         TemplateCase{"EmptyLinesOfTheTextStay", "A\r\n\r\n<?IF 区分 == 1?>x<?ENDIF?>\r\nB", "A\r\n\r\nB"}),
     [](const auto& test) { return std::string(test.param.name); });
 
