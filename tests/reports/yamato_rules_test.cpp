@@ -1,0 +1,143 @@
+// The pure rules of the Yamato slip: time-of-day rings for the forms operators type, the item
+// column, postcode boxes, the report field split, the date box and the shop's addressee flag.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
+
+#include "common/text.h"
+#include "reports/slips/yamato_item_block.h"
+#include "reports/slips/yamato_text.h"
+#include "reports/slips/yamato_time_mark.h"
+
+namespace lupin::reports {
+namespace {
+
+struct TimeCase {
+  const char* typed;
+  int mark;
+};
+
+TEST(YamatoTimeMark, EveryFormOperatorsType) {
+  const TimeCase cases[] = {
+      // Words
+      {"", 0}, {"午前中", 1}, {"午前 中", 1}, {"　午前中　", 1}, {"指定なし", 0}, {"指定無し", 0},
+      {"希望なし", 0}, {"希望無し", 0}, {"夜間", 0}, {"午後", 0},
+      // Hours, half and full width, hyphen or wave dash
+      {"12-14", 2}, {"14-16", 3}, {"16-18", 4}, {"18-20", 5}, {"20-21", 6}, {"8-12", 1}, {"10-12", 1},
+      {"１２－１４", 2}, {"１４～１６", 3}, {"14～16", 3}, {"16〜18", 4}, {"18~20", 5}, {"２０～２１", 6},
+      {" 14 - 16 ", 3}, {"14時～16時", 3}, {"09:00-12:00", 1}, {"12:00～14:00", 2}, {"０９：００－１２：００", 1},
+      // Bands this form has no box for
+      {"19-21", 0}, {"0-12", 0}, {"12-16", 0}, {"1416", 0}, {"14", 0}, {"21-22", 0},
+      // Morning and afternoon prefixes, either case and width, the prefix repeated or not
+      {"AM9-12", 1}, {"AM8-12", 1}, {"am9～am12", 1}, {"ＡＭ９－１２", 1}, {"AM-12", 1}, {"AM10-12", 0}, {"AM9-11", 0},
+      {"AM", 0}, {"PM0-2", 2}, {"PM2-4", 3}, {"PM2-PM4", 3}, {"ｐｍ４～６", 4}, {"PM6-8", 5}, {"PM8-9", 6},
+      {"PM9-10", 0}, {"PM12-2", 0}, {"PM", 0},
+  };
+  for (const auto& c : cases) EXPECT_EQ(DeliveryTimeMark(c.typed), c.mark) << "'" << c.typed << "'";
+}
+
+std::string Blanks(int n) { return std::string(static_cast<std::size_t>(n), ' '); }
+
+struct ItemCase {
+  const char* label;
+  std::vector<ItemLine> lines;
+  std::string block;
+};
+
+TEST(YamatoItemBlock, LinesQuantitiesAndOverflow) {
+  const std::string tea = "緑茶";                    // 4 bytes
+  const std::string astride = std::string(24, 'x') + "茶";  // the kanji's lead byte is byte 25
+  const std::string inside = std::string(23, 'x') + "茶葉";   // byte 25 is 茶's trail byte
+  const ItemCase cases[] = {
+      {"none", {}, ""},
+      {"one whole quantity", {{tea, 2}}, tea + Blanks(21) + Blanks(7) + "2\r\n"},
+      {"a fraction anywhere gives every line two decimals",
+       {{"A", 1}, {"B", 2.5}},
+       "A" + Blanks(24) + Blanks(4) + "1.00\r\n" + "B" + Blanks(24) + Blanks(4) + "2.50\r\n"},
+      {"double-byte character astride the column moves to the quantity",
+       {{astride, 3}},
+       std::string(24, 'x') + Blanks(8) + "3\r\n"},
+      {"double-byte character inside the column stays",
+       {{inside, 3}},
+       std::string(23, 'x') + "茶" + Blanks(7) + "3\r\n"},
+      {"long plain name is cut at 25 bytes", {{std::string(30, 'y'), 12}}, std::string(25, 'y') + Blanks(6) + "12\r\n"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(ItemBlock(c.lines), c.block) << c.label;
+}
+
+struct OverflowCase {
+  int goods;
+  const char* tail;  // what follows the last printed line
+};
+
+TEST(YamatoItemBlock, FiveLinesThenACountOfTheRest) {
+  const OverflowCase cases[] = {{1, ""}, {5, ""}, {6, "他1商品"}, {8, "他3商品"}, {15, "他10商品"}};
+  for (const auto& c : cases) {
+    std::vector<ItemLine> lines;
+    for (int i = 0; i < c.goods; ++i) lines.push_back({"品" + std::to_string(i), 1.0 + i});
+    const std::string block = ItemBlock(lines);
+    const std::size_t last = block.rfind("\r\n");
+    ASSERT_NE(last, std::string::npos);
+    EXPECT_EQ(block.substr(last + 2), c.tail) << c.goods;
+    // Fixed pitch: every printed line is 33 bytes.
+    int printed = 0;
+    for (std::size_t from = 0, at; (at = block.find("\r\n", from)) != std::string::npos; from = at + 2) {
+      EXPECT_EQ(text::ByteLen(block.substr(from, at - from)), 33) << c.goods;
+      ++printed;
+    }
+    EXPECT_EQ(printed, std::min(c.goods, kItemBlockLines));
+  }
+}
+
+struct PostcodeCase {
+  const char* postcode;
+  std::array<const char*, kPostcodeBoxes> boxes;
+};
+
+TEST(YamatoText, PostcodeBoxes) {
+  const PostcodeCase cases[] = {
+      {"123-4567", {"1", "2", "3", "4", "5", "6", "7"}},
+      {"1234567890", {"1", "2", "3", "4", "5", "6", "7"}},
+      {"１２３－４５６７", {"１", "２", "３", "４", "５", "６", "７"}},
+      {"123", {"1", "2", "3", "", "", "", ""}},
+      {"", {"", "", "", "", "", "", ""}},
+  };
+  for (const auto& c : cases) {
+    const auto boxes = PostcodeBoxes(c.postcode);
+    for (std::size_t i = 0; i < boxes.size(); ++i) EXPECT_EQ(boxes[i], c.boxes[i]) << c.postcode << " box " << i + 1;
+  }
+}
+
+struct MemoCase {
+  const char* text;
+  const char* memo2;
+  const char* memo3;
+};
+
+TEST(YamatoText, SecondFieldSplitsAtItsFirstHyphen) {
+  const MemoCase cases[] = {
+      {"031234567801-01", "031234567801", "01"}, {"0312345678", "", ""}, {"-01", "", "-"},
+      {"031234567801-", "031234567801-", ""},     {"a-b-c", "a", "b-c"},  {"", "", ""},
+  };
+  for (const auto& c : cases) {
+    const MemoPieces pieces = SplitMemo2(c.text);
+    EXPECT_EQ(pieces.memo2, c.memo2) << c.text;
+    EXPECT_EQ(pieces.memo3, c.memo3) << c.text;
+  }
+}
+
+TEST(YamatoText, DeliveryDateAndAtena) {
+  const std::pair<const char*, const char*> dates[] = {
+      {"2024/06/05", "06   05"}, {"2024/6/5", "06   05"}, {"2024/12/31", "12   31"}, {"未定", ""}, {"", ""}, {"20240605", ""}};
+  for (const auto& [typed, shown] : dates) EXPECT_EQ(DeliveryDateText(typed), shown) << typed;
+
+  const std::pair<const char*, int> flags[] = {{"1", 1},   {"0", 0}, {"", 0},   {"255", 255}, {"256", 0},
+                                               {"-1", 0},  {"2.5", 2}, {"3.5", 4}, {"abc", 0}};
+  for (const auto& [stored, byte] : flags) EXPECT_EQ(AtenaByte(stored), byte) << stored;
+}
+
+}  // namespace
+}  // namespace lupin::reports
