@@ -119,6 +119,7 @@ bool Control::SetProperty(std::string_view property, std::string_view value) {
     return true;
   }
   if (EqualsNoCase(property, "WordWrap")) return has_text && set_bool(WordWrap);
+  if (EqualsNoCase(property, "CanGrow")) return has_text && set_bool(CanGrow);
   if (EqualsNoCase(property, "DataField")) {
     if (!is_field) return false;
     DataField = value;

@@ -37,6 +37,8 @@ class Control {
   std::string Caption;
   Alignment alignment = Alignment::Left;
   bool WordWrap = true;
+  // Grows downwards (and its section with it) when its text needs more lines than the box holds.
+  bool CanGrow = false;
   // Text field: the column it is bound to, the picture its value is shown with, and the text.
   std::string DataField;
   std::string OutputFormat;

@@ -92,11 +92,11 @@ class Reader {
     switch (kind) {
       case ControlKind::Label:
         OnlyKeys(object, where, {"kind", "name", "left", "top", "width", "height", "visible", "tag", "font",
-                                 "fore_color", "back_color", "caption", "alignment", "word_wrap"});
+                                 "fore_color", "back_color", "caption", "alignment", "word_wrap", "can_grow"});
         break;
       case ControlKind::TextField:
         OnlyKeys(object, where, {"kind", "name", "left", "top", "width", "height", "visible", "tag", "font",
-                                 "fore_color", "back_color", "alignment", "word_wrap", "data_field",
+                                 "fore_color", "back_color", "alignment", "word_wrap", "can_grow", "data_field",
                                  "output_format", "text", "summary"});
         break;
       case ControlKind::Shape:
@@ -126,6 +126,7 @@ class Reader {
     control.Caption = Text(object, "caption", where);
     control.alignment = static_cast<Alignment>(Choice(object, "alignment", where, {"left", "right", "center"}, 0));
     control.WordWrap = Flag(object, "word_wrap", where, true);
+    control.CanGrow = Flag(object, "can_grow", where, false);
     control.DataField = Text(object, "data_field", where);
     control.OutputFormat = Text(object, "output_format", where);
     control.Text = Text(object, "text", where);

@@ -1,14 +1,19 @@
 #include "engine/report.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "common/vb.h"
 #include "engine/names.h"
 #include "engine/page_spool.h"
+#include "engine/text_wrap.h"
 
 namespace lupin::engine {
 
 namespace {
+
+// Lines of a growing control are this many times the font's size apart.
+constexpr double kLineSpacing = 1.2;
 
 // A run that lays out this many places in a row without moving to the next record is stuck.
 constexpr int kMaxKeptPlaces = 100000;
@@ -26,6 +31,12 @@ bool BreaksAfter(NewPage mode) { return mode == NewPage::After || mode == NewPag
 }  // namespace
 
 // One run of a report: the page being filled and where the next section goes.
+// The height a section takes for this record, and that of each of its controls.
+struct Extent {
+  std::int32_t height = 0;
+  std::vector<std::int32_t> heights;
+};
+
 class RunState {
  public:
   RunState(Report& report, PageSink& sink) : report_(report), sink_(sink) {}
@@ -38,9 +49,10 @@ class RunState {
  private:
   bool Format(Section& section);
   void Bind(Section& section);
-  void Place(Section& section, std::int32_t x, std::int32_t y);
+  Extent Measure(const Section& section);
+  void Place(Section& section, std::int32_t x, std::int32_t y, const Extent& extent);
   void Flow(Section& section);
-  void FlowDetail(Section& detail);
+  void FlowDetail(Section& detail, const Extent& extent);
   void DetailPlaces();
   void Footers(std::size_t from_level);
   void FinishColumns();
@@ -95,8 +107,26 @@ bool RunState::Format(Section& section) {
   return section.Visible && section.PrintSection;
 }
 
-void RunState::Place(Section& section, std::int32_t x, std::int32_t y) {
+Extent RunState::Measure(const Section& section) {
+  Extent extent;
+  extent.height = section.Height;
+  for (const auto& control : section.Controls()) {
+    std::int32_t height = control->Height;
+    if (control->CanGrow && control->Visible && !control->PrintedText().empty()) {
+      const auto lines = WrapText(control->PrintedText(), control->Font, control->Width, control->WordWrap,
+                                  report_.Measurer);
+      const double line_height = control->Font.size * 20.0 * kLineSpacing;
+      height = std::max(height, static_cast<std::int32_t>(std::ceil(static_cast<double>(lines.size()) * line_height)));
+      extent.height = std::max(extent.height, control->Top + height);
+    }
+    extent.heights.push_back(height);
+  }
+  return extent;
+}
+
+void RunState::Place(Section& section, std::int32_t x, std::int32_t y, const Extent& extent) {
   if (section.BeforePrint) section.BeforePrint();
+  const std::size_t first_item = page_.items.size();
   for (const auto& control : section.Controls()) {
     PageItem item;
     item.section = section.Name;
@@ -106,7 +136,8 @@ void RunState::Place(Section& section, std::int32_t x, std::int32_t y) {
     item.left = x + control->Left;
     item.top = y + control->Top;
     item.width = control->Width;
-    item.height = control->Height;
+    const std::size_t index = page_.items.size() - first_item;
+    item.height = index < extent.heights.size() ? extent.heights[index] : control->Height;
     item.font = control->Font;
     item.alignment = control->alignment;
     item.word_wrap = control->WordWrap;
@@ -156,13 +187,15 @@ void RunState::OpenPage() {
   if (first_page_) {
     first_page_ = false;
     if (report_header_ && Format(*report_header_)) {
-      Place(*report_header_, report_.PageSettings.Left, y_);
-      y_ += report_header_->Height;
+      const Extent extent = Measure(*report_header_);
+      Place(*report_header_, report_.PageSettings.Left, y_, extent);
+      y_ += extent.height;
     }
   }
   if (page_header_ && Format(*page_header_)) {
-    Place(*page_header_, report_.PageSettings.Left, y_);
-    y_ += page_header_->Height;
+    const Extent extent = Measure(*page_header_);
+    Place(*page_header_, report_.PageSettings.Left, y_, extent);
+    y_ += extent.height;
   }
   body_top_ = y_;
 }
@@ -170,7 +203,7 @@ void RunState::OpenPage() {
 void RunState::ClosePage() {
   if (!page_open_) return;
   FinishColumns();
-  if (page_footer_ && Format(*page_footer_)) Place(*page_footer_, report_.PageSettings.Left, body_bottom_);
+  if (page_footer_ && Format(*page_footer_)) Place(*page_footer_, report_.PageSettings.Left, body_bottom_, Measure(*page_footer_));
   page_open_ = false;
   ++pages_;
   if (spool_)
@@ -192,33 +225,35 @@ void RunState::Flow(Section& section) {
   // The page (and its header) comes before the section's own Format, as a reader expects.
   EnsurePage();
   if (!Format(section)) return;
+  const Extent extent = Measure(section);
   FinishColumns();
   if (BreaksBefore(section.PageBreak) && y_ > body_top_) {
     ClosePage();
     OpenPage();
   }
-  if (y_ + section.Height > body_bottom_ && y_ > body_top_) {
+  if (y_ + extent.height > body_bottom_ && y_ > body_top_) {
     ClosePage();
     OpenPage();
   }
-  Place(section, report_.PageSettings.Left, y_);
-  y_ += section.Height;
+  Place(section, report_.PageSettings.Left, y_, extent);
+  y_ += extent.height;
   if (BreaksAfter(section.PageBreak)) break_pending_ = true;
 }
 
-void RunState::FlowDetail(Section& detail) {
+void RunState::FlowDetail(Section& detail, const Extent& extent) {
+  const std::int32_t height = extent.height;
   const int columns = std::max(1, detail.ColumnCount);
   if (columns == 1) {
     if (BreaksBefore(detail.PageBreak) && y_ > body_top_) {
       ClosePage();
       OpenPage();
     }
-    if (y_ + detail.Height > body_bottom_ && y_ > body_top_) {
+    if (y_ + height > body_bottom_ && y_ > body_top_) {
       ClosePage();
       OpenPage();
     }
-    Place(detail, report_.PageSettings.Left, y_);
-    y_ += detail.Height;
+    Place(detail, report_.PageSettings.Left, y_, extent);
+    y_ += height;
     if (BreaksAfter(detail.PageBreak)) break_pending_ = true;
     return;
   }
@@ -232,22 +267,23 @@ void RunState::FlowDetail(Section& detail) {
   };
   if (detail.Direction == ColumnDirection::AcrossDown) {
     if (!band_open_) {
-      if (y_ + detail.Height > body_bottom_ && y_ > body_top_) {
+      if (y_ + height > body_bottom_ && y_ > body_top_) {
         ClosePage();
         OpenPage();
       }
       band_open_ = true;
       band_top_ = y_;
-      band_bottom_ = y_ + detail.Height;
+      band_bottom_ = y_ + height;
       column_ = 0;
     }
-    Place(detail, column_left(column_), band_top_);
+    Place(detail, column_left(column_), band_top_, extent);
+    band_bottom_ = std::max(band_bottom_, band_top_ + height);
     if (++column_ == columns) FinishColumns();
     return;
   }
 
   if (!band_open_) {
-    if (y_ + detail.Height > body_bottom_ && y_ > body_top_) {
+    if (y_ + height > body_bottom_ && y_ > body_top_) {
       ClosePage();
       OpenPage();
     }
@@ -255,7 +291,7 @@ void RunState::FlowDetail(Section& detail) {
     band_top_ = column_y_ = band_bottom_ = y_;
     column_ = 0;
   }
-  if (column_y_ + detail.Height > body_bottom_ && column_y_ > band_top_) {
+  if (column_y_ + height > body_bottom_ && column_y_ > band_top_) {
     column_y_ = band_top_;
     if (++column_ == columns) {
       ClosePage();
@@ -265,8 +301,8 @@ void RunState::FlowDetail(Section& detail) {
       column_ = 0;
     }
   }
-  Place(detail, column_left(column_), column_y_);
-  column_y_ += detail.Height;
+  Place(detail, column_left(column_), column_y_, extent);
+  column_y_ += height;
   band_bottom_ = std::max(band_bottom_, column_y_);
 }
 
@@ -277,7 +313,7 @@ void RunState::DetailPlaces() {
     report_.LayoutAction = LayoutAction::Default;
     if (detail.Visible && detail.PrintSection) {
       EnsurePage();
-      if (Format(detail)) FlowDetail(detail);
+      if (Format(detail)) FlowDetail(detail, Measure(detail));
     }
     if (++kept > kMaxKeptPlaces)
       throw ReportFault(kFaultLayoutLoop, "Detail が同じレコードのまま配置を繰り返しています。");

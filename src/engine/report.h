@@ -12,6 +12,7 @@
 #include "engine/page_model.h"
 #include "engine/page_settings.h"
 #include "engine/section.h"
+#include "engine/text_measure.h"
 
 namespace lupin::engine {
 
@@ -71,6 +72,8 @@ class Report {
   PageMargins PageSettings;
   std::int32_t PrintWidth = 0;
   lupin::engine::LayoutAction LayoutAction = LayoutAction::Default;
+  // Measures text for controls that grow; nullptr uses the engine's simple estimate.
+  TextMeasurer* Measurer = nullptr;
   // The title handed to the renderers; the designer's caption until the preview sets REPORT_NAME.
   std::string DocumentTitle;
 

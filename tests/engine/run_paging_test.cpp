@@ -219,3 +219,59 @@ TEST(Groups, WithoutDataTheGroupSectionsPrintOnceUnlessHidden) {
 
 }  // namespace
 }  // namespace lupin::engine::testing
+
+namespace lupin::engine::testing {
+namespace {
+
+// Every character 100 twips wide.
+class FixedMeasurer : public TextMeasurer {
+ public:
+  double WidthTwips(std::string_view text, const FontSpec&) override {
+    double width = 0;
+    for (const char c : text)
+      if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) width += 100;
+    return width;
+  }
+};
+
+struct GrowCase {
+  const char* label;
+  std::string text;
+  bool injected_measurer;
+  std::int32_t control_height, section_height;
+};
+
+class CanGrow : public ::testing::TestWithParam<GrowCase> {};
+
+// A 10-point font: lines 240 twips apart; the fallback gives a full-width character 200 twips.
+TEST_P(CanGrow, TheControlAndItsSectionGrowToTheLinesOfTheText) {
+  LoggingReport report(R"({"report": "rptGrow", "margins": {"left": 0, "right": 0, "top": 0, "bottom": 0},
+    "sections": [{"name": "Detail", "type": "Detail", "height": 400, "controls": [
+      {"kind": "Label", "name": "lblMemo", "width": 1000, "height": 300, "can_grow": true, "font": {"name": "ＭＳ 明朝", "size": 10}},
+      {"kind": "Label", "name": "lblFixed", "left": 1000, "width": 1000, "height": 300}]}]})");
+  FixedMeasurer measurer;
+  if (GetParam().injected_measurer) report.Measurer = &measurer;
+  report.SetRows({"Memo"}, {{db::Value(GetParam().text)}, {db::Value(GetParam().text)}});
+  report.on_format = [&](const std::string&) {
+    report.Detail().Controls().Item("lblMemo")->Caption = report.Fields().Value("Memo").Text();
+    report.Detail().Controls().Item("lblFixed")->Caption = report.Fields().Value("Memo").Text();
+  };
+  PageCollection pages;
+  ASSERT_TRUE(report.Run(pages).ok);
+  const auto memos = ItemsNamed(pages.Pages().at(0), "lblMemo");
+  ASSERT_EQ(memos.size(), 2u);
+  EXPECT_EQ(memos[0]->height, GetParam().control_height);
+  EXPECT_EQ(memos[1]->top - memos[0]->top, GetParam().section_height);
+  EXPECT_EQ(ItemsNamed(pages.Pages()[0], "lblFixed")[0]->height, 300) << "a control that cannot grow keeps its box";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, CanGrow,
+    ::testing::Values(GrowCase{"one_line", "東京都", false, 300, 400},
+                      GrowCase{"three_lines", "東京都千代田区千代田一丁目", false, 720, 720},
+                      GrowCase{"crlf_lines", "東京\r\n千代田\r\n一丁目\r\n一番", false, 960, 960},
+                      GrowCase{"renderer_measure", "東京都千代田区千代田一丁目", true, 480, 480}),
+    [](const auto& param_info) { return std::string(param_info.param.label); });
+
+}  // namespace
+}  // namespace lupin::engine::testing
