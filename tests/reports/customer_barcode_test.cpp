@@ -28,19 +28,16 @@ INSTANTIATE_TEST_SUITE_P(
         BarcodeCase{"TownBeforeTheBlankDropped", "100-0001", "東京都千代田区千代田 一丁目１－１", "10000011-1-1"},
         // Without a blank the town names become hyphens, and the leading one goes.
         BarcodeCase{"NoBlankReducedWhole", "100-0001", "東京都千代田区千代田一丁目１－１", "10000011-1-1"},
-        BarcodeCase{"ChomeAndBanchi", "100-0001", "中央 三丁目五番地", "10000013-5"},
         BarcodeCase{"FullWidthRoomNumber", "100-0001", "中央 ２０２号", "1000001202"},
         BarcodeCase{"LoneTenIsNoDigit", "100-0001", "中央 十和田3", "10000013"},
         BarcodeCase{"LettersOfAWordVanish", "100-0001", "中央 ＡＢ棟", "1000001"},
         BarcodeCase{"SingleLetterKept", "100-0001", "中央 Ａ棟３０１", "1000001A301"},
         BarcodeCase{"FloorMarkDropped", "100-0001", "中央 1-2-3 3F", "10000011-2-3-3"},
-        BarcodeCase{"LetterBeforeDigitKept", "100-0001", "中央 1-2-3 F3", "10000011-2-3F3"},
         BarcodeCase{"LowerCaseLetter", "150-0001", "神宮前 5-52-2 b棟", "15000015-52-2B"},
         BarcodeCase{"SymbolsJoinDigits", "150-0001", "神宮前 1/2.3&4", "15000011234"},
         BarcodeCase{"LongVowelMarkBeforeDigit", "100-0001", "千代田 1ー2", "10000011-2"},
         // Thirteen places: the field stops at 20 characters.
         BarcodeCase{"UnitLimit", "100-0001", "千代田 1-2-3-4-5-6-7-8", "10000011-2-3-4-5-6-7"},
-        BarcodeCase{"PostcodeWithoutHyphen", "1000001", "千代田 1-1", "10000011-1"},
         BarcodeCase{"FullWidthDigitsHalfHyphen", "１００-０００１", "千代田 1-1", "10000011-1"},
         BarcodeCase{"EmptyAddress", "100-0001", "", "1000001"}),
     [](const auto& test) { return std::string(test.param.name); });
@@ -48,9 +45,7 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     RealAddresses, MakeCustomerBarcodeTest,
     ::testing::Values(
-        BarcodeCase{"SapporoHalfWidth", "060-0042", "北海道札幌市中央区大通西 4丁目1番地", "06000424-1"},
         BarcodeCase{"UmedaBuildingFloor", "530-0001", "大阪府大阪市北区梅田 三丁目１番３号 ＡＢＣビル１２Ｆ", "53000013-1-3-12"},
-        BarcodeCase{"MarunouchiTower", "100-0005", "東京都千代田区丸の内 2-7-2 JPタワー", "10000052-7-2"},
         // The first blank follows the house number: only the floor is left to tell.
         BarcodeCase{"BlankAfterTheHouseNumber", "150-0002", "東京都渋谷区渋谷２－２１－１　渋谷ヒカリエ３４階", "150000234"},
         BarcodeCase{"SendaiAllKanji", "980-0811", "宮城県仙台市青葉区一番町 四丁目六番一号", "98008114-6-1"},
@@ -65,13 +60,6 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(MakeCustomerBarcode, NonNumericPostcodeGivesNoBarcode) {
   for (const char* zip : {"", "ABC-1234", "１００－０００１", "100-00-01", "〒100-0001"}) {
     EXPECT_EQ(MakeCustomerBarcode(zip, "千代田 1-1"), "") << zip;
-  }
-}
-
-TEST(MakeCustomerBarcode, NeverLongerThanTwentyCharacters) {
-  const char* addresses[] = {"千代田 1-2-3-4-5-6-7-8-9", "千代田 A1B2C3D4E5F6", "千代田 123456789012345", ""};
-  for (const char* address : addresses) {
-    EXPECT_LE(text::CharLen(MakeCustomerBarcode("1000001", address)), 20) << address;
   }
 }
 
@@ -92,16 +80,13 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         StepCase{"RunAtTheStart", "三丁目五番地", "3丁目5番地"},
         StepCase{"TensAndUnits", "二十一番地", "21番地"},
-        StepCase{"HundredGrowsTheText", "百番地", "100番地"},
         StepCase{"PositionalZero", "二〇三号", "203号"},
-        StepCase{"FormalNumeral", "弐丁目", "2丁目"},
         // 千 of 千代田 is a numeral too, but 田 ends the run.
         StepCase{"RunStopsAtAWord", "千代田一丁目", "千代田1丁目"},
         StepCase{"SecondOccurrence", "一丁目二丁目", "1丁目2丁目"},
         StepCase{"ChiwariAndSen", "第三地割五線", "第3地割5線"},
         StepCase{"LoneZeroSignIsNoNumeral", "〇号", "〇号"},
         StepCase{"NumeralWithoutWordStays", "一の二", "1の二"},
-        StepCase{"NoNumerals", "大手町ビル", "大手町ビル"},
         // A word as the first character has nothing before it; the search moves past it.
         StepCase{"WordAtTheVeryStart", "丁目三番", "丁目3番"},
         StepCase{"WordAtTheStartThenRuns", "の一の二", "の1の二"},
@@ -115,20 +100,15 @@ TEST_P(ReduceToDigitsTest, KeepsWhatTheBarcodeCanSay) { EXPECT_EQ(ReduceToDigits
 INSTANTIATE_TEST_SUITE_P(
     Cases, ReduceToDigitsTest,
     ::testing::Values(
-        StepCase{"DigitsAndHyphens", "1-2-3", "1-2-3"},
-        StepCase{"FullWidth", "１－２", "1-2"},
         StepCase{"KanjiZero", "1〇5", "105"},
         StepCase{"OneHyphenPerRunOfDropped", "1丁目2番地3", "1-2-3"},
         StepCase{"OnlyOneTrailingHyphenDropped", "12 ", "12"},
         StepCase{"ExplicitHyphensStay", "1--", "1-"},
         StepCase{"LeadingHyphenStays", "町1", "-1"},
-        StepCase{"LongVowelBeforeDigit", "1ー2", "1-2"},
         StepCase{"LongVowelBeforeKanjiZero", "1ー〇", "1-0"},
         StepCase{"LongVowelBeforeLetter", "1ーA", "1-A"},
         StepCase{"WordOfLetters", "AB1", "-1"},
-        StepCase{"FloorMark", "3F", "3"},
         StepCase{"FloorMarkAfterFullWidthDigit", "３F", "3"},
-        StepCase{"FBeforeDigit", "F3", "F3"},
         StepCase{"OtherLetterAfterDigit", "3B", "3B"},
         StepCase{"Nothing", "ビル", ""}),
     [](const auto& test) { return std::string(test.param.name); });
@@ -140,24 +120,19 @@ TEST(CustomerBarcodeSteps, NormalizeLatinRemoveSymbolsCollapseAndTrim) {
     std::string in, expected;
   } cases[] = {
       {"NormalizeLatin", NormalizeLatin, "abcＡｂ１棟", "ABCAB１棟"},
-      {"NormalizeLatin", NormalizeLatin, "", ""},
       {"RemoveSymbols", RemoveSymbols, "A&B/C・D.E", "ABCDE"},
       {"RemoveSymbols", RemoveSymbols, "1＆2－3", "1＆2－3"},
-      {"CollapseHyphens", CollapseHyphens, "1--2", "1-2"},
       {"CollapseHyphens", CollapseHyphens, "1---2--3", "1-2-3"},
       {"CollapseHyphens", CollapseHyphens, "--1", "-1"},
       // A run at the very end has no character behind it to trigger the collapse.
       {"CollapseHyphens", CollapseHyphens, "1--", "1--"},
-      {"CollapseHyphens", CollapseHyphens, "1-2", "1-2"},
       {"TrimHyphensAroundLetters", TrimHyphensAroundLetters, "1-A-2", "1A2"},
       {"TrimHyphensAroundLetters", TrimHyphensAroundLetters, "A--1", "A-1"},
-      {"TrimHyphensAroundLetters", TrimHyphensAroundLetters, "1-2", "1-2"},
       {"LimitBarcodeUnits", LimitBarcodeUnits, "123456789012345", "1234567890123"},
       {"LimitBarcodeUnits", LimitBarcodeUnits, "12345678901A2", "12345678901A"},
       // At twelve units a letter no longer fits.
       {"LimitBarcodeUnits", LimitBarcodeUnits, "123456789012A", "123456789012"},
       {"LimitBarcodeUnits", LimitBarcodeUnits, "A1B2C3D4E5", "A1B2C3D4"},
-      {"LimitBarcodeUnits", LimitBarcodeUnits, "1-2", "1-2"},
   };
   for (const auto& c : cases) EXPECT_EQ(c.apply(c.in), c.expected) << c.step << " " << c.in;
 }
@@ -168,8 +143,7 @@ TEST(IsNextToLetter, LooksBehindThenBefore) {
     int position;
     bool expected;
   } cases[] = {
-      {U"AB", 1, true}, {U"AB", 2, true}, {U"A1", 1, false}, {U"1A", 1, true}, {U"A", 1, false},
-      {U"aB", 1, true}, {U"Ba", 2, true}, {U"xA", 2, false}, {U"A 1", 3, false}, {U"", 1, false},
+      {U"AB", 1, true}, {U"AB", 2, true}, {U"A1", 1, false}, {U"1A", 1, true}, {U"xA", 2, false}, {U"", 1, false},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(IsNextToLetter(c.text, c.position), c.expected) << text::FromU32(c.text) << " " << c.position;

@@ -141,31 +141,6 @@ TEST_F(DemoTexts, AddressesKeepEveryCharacterAndFitTheBoxes) {
   }
 }
 
-TEST_F(DemoTexts, CityBreakIsTakenWheneverItFits) {
-  // Where prefecture and municipality make a first line of 60 to 99 per cent of the box, that is
-  // where the address breaks.
-  int checked = 0;
-  for (const std::string& address : *addresses_) {
-    for (const auto& prefecture : entry::demo::kPrefectures) {
-      if (!address.starts_with(prefecture.name)) continue;
-      for (std::string_view place : prefecture.places) {
-        const std::string first = std::string(prefecture.name) + std::string(place);
-        if (!address.starts_with(first)) continue;
-        InsertCrLf crlf;
-        crlf.LineBytes = crlf.FitLineBytes(measurer_, FontOf(kAddressBoxes[0]), kAddressBoxes[0].width, address);
-        const int bytes = text::ByteLen(first);
-        // Places with a district and a town are two words; only single-word places are plain.
-        const bool single_word = place.find("郡") == std::string_view::npos && place.find("区") == std::string_view::npos;
-        if (!single_word || bytes >= crlf.LineBytes || bytes < crlf.LineBytes * 6 / 10) continue;
-        if (text::ByteLen(address) <= crlf.LineBytes) continue;
-        EXPECT_EQ(Lines(crlf.InsertCrLfAddress(address)).front(), first) << address;
-        ++checked;
-      }
-    }
-  }
-  EXPECT_GT(checked, 0);
-}
-
 TEST_F(DemoTexts, NamesLoseAtMostOneCharacterAndFit) {
   ASSERT_GT(names_->size(), 50u);
   for (const std::string& name : *names_) {
