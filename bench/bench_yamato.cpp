@@ -1,0 +1,167 @@
+// 10,000 Yamato slips from the demo data: the selection form, the print list and the staging as
+// the operator drives them, then the slips rendered to PDF. End to end and the rendering alone,
+// with the resident memory sampled every 500 slips to show that it stays flat.
+#include <benchmark/benchmark.h>
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <random>
+#include <string>
+
+#include "catalogue/load_report_definition.h"
+#include "db/connection.h"
+#include "engine/display.h"
+#include "engine/render_pdf.h"
+#include "entry/context.h"
+#include "entry/demo_data.h"
+#include "entry/schema.h"
+#include "entry/ui.h"
+#include "reports/slips/yamato_slip.h"
+#include "run/print_form.h"
+#include "run/select_form.h"
+
+namespace {
+
+using namespace lupin;
+
+constexpr int kSlips = 10000;
+constexpr int kReport = 25;
+
+long ResidentKb() {
+  std::ifstream statm("/proc/self/statm");
+  long pages = 0, resident = 0;
+  statm >> pages >> resident;
+  return resident * (::sysconf(_SC_PAGESIZE) / 1024);
+}
+
+// The PDF renderer with the resident memory sampled as the pages arrive.
+class SampledPdf : public engine::PageSink {
+ public:
+  explicit SampledPdf(const std::string& path) : pdf_(path) {}
+  void Begin(const engine::DocumentInfo& info) override { pdf_.Begin(info); }
+  void AddPage(const engine::Page& page) override {
+    pdf_.AddPage(page);
+    if (++pages_ % 500 == 0) {
+      const long kb = ResidentKb();
+      // The first samples include the fonts and caches being set up.
+      if (pages_ == 1000) low_kb = kb;
+      high_kb = std::max(high_kb, kb);
+    }
+  }
+  void End() override { pdf_.End(); }
+  long low_kb = 0, high_kb = 0;
+
+ private:
+  engine::PdfRenderer pdf_;
+  int pages_ = 0;
+};
+
+struct Fixture {
+  std::filesystem::path folder;
+  std::unique_ptr<db::Connection> db;
+  std::unique_ptr<entry::Context> context;
+  entry::RecordingUi ui;
+  engine::ReportRegistry registry;
+
+  Fixture() {
+    folder = std::filesystem::temp_directory_path() / ("lupin_bench_yamato_" + std::to_string(std::random_device{}()));
+    std::filesystem::create_directories(folder / "settings");
+    db = db::OpenConnection("sqlite:" + (folder / "bench.db").string());
+    entry::CreateSchema(*db);
+    entry::FillCatalogue(*db);
+    entry::DemoOptions demo;
+    demo.orders = kSlips;
+    demo.seed = 11;
+    entry::FillDemoData(*db, demo);
+    // Every demo order goes by Yamato, so the print list keeps them all.
+    db->Execute("UPDATE [CHUMON] SET [宅配業者] = 'ヤマト運輸'");
+    context = std::make_unique<entry::Context>(db.get(), settings::StorePaths::InFolder(folder / "settings"), folder);
+    context->login.client_name = "BENCH";
+    reports::RegisterYamatoReports(registry);
+  }
+  ~Fixture() {
+    db.reset();
+    std::error_code ignored;
+    std::filesystem::remove_all(folder, ignored);
+  }
+
+  // Report 25 chosen, every criterion cleared, selected, listed and staged. The staged rows.
+  int SelectAndStage() {
+    run::SelectForm form(*context, ui);
+    form.Form_Load();
+    form.Form_Activate();
+    for (int i = 0; i < form.cboList.ListCount(); ++i) {
+      if (form.cboList.item_data[static_cast<std::size_t>(i)] == kReport) form.cboList.list_index = i;
+    }
+    form.cboList_Click();
+    for (auto& box : form.chkChumonOption) box.value = 0;
+    if (form.cmdSelect() == run::SelectOutcome::Stopped) return 0;
+    run::PrintForm print(*context, ui, form);
+    if (!print.Form_Activate()) return 0;
+    if (print.cmdPrint() != run::PrintOutcome::Preview) return 0;
+    return print.staged_rows;
+  }
+
+  // The slips of the staged rows into a PDF, as the preview runs them. The pages.
+  int Render(SampledPdf& sink) {
+    catalogue::LoadReportDefinition(*context, kReport);
+    auto report = registry.Create("rptYamatoNew", *context);
+    engine::ApplyReportSettings(*report, context->current);
+    const auto result = report->Run(sink);
+    return result.ok ? result.pages : 0;
+  }
+
+  std::string PdfPath() const { return (folder / "slips.pdf").string(); }
+};
+
+Fixture& Shared() {
+  static Fixture fixture;
+  return fixture;
+}
+
+void Report(benchmark::State& state, int slips, const SampledPdf& sink) {
+  state.counters["slips"] = slips;
+  state.counters["slips_per_s"] = benchmark::Counter(slips, benchmark::Counter::kIsIterationInvariantRate);
+  state.counters["rss_mb"] = static_cast<double>(sink.high_kb) / 1024.0;
+  state.counters["rss_growth_mb"] = static_cast<double>(sink.high_kb - sink.low_kb) / 1024.0;
+}
+
+void EndToEnd(benchmark::State& state) {
+  Fixture& f = Shared();
+  int slips = 0;
+  std::unique_ptr<SampledPdf> sink;
+  for (auto _ : state) {
+    const int staged = f.SelectAndStage();
+    sink = std::make_unique<SampledPdf>(f.PdfPath());
+    slips = f.Render(*sink);
+    if (staged != kSlips || slips != kSlips) state.SkipWithError("not every order became a slip");
+  }
+  Report(state, slips, *sink);
+}
+
+void RenderOnly(benchmark::State& state) {
+  Fixture& f = Shared();
+  if (f.SelectAndStage() != kSlips) {
+    state.SkipWithError("staging failed");
+    return;
+  }
+  int slips = 0;
+  std::unique_ptr<SampledPdf> sink;
+  for (auto _ : state) {
+    sink = std::make_unique<SampledPdf>(f.PdfPath());
+    slips = f.Render(*sink);
+    if (slips != kSlips) state.SkipWithError("not every order became a slip");
+  }
+  Report(state, slips, *sink);
+}
+
+BENCHMARK(EndToEnd)->Unit(benchmark::kSecond)->Iterations(1)->Repetitions(5);
+BENCHMARK(RenderOnly)->Unit(benchmark::kSecond)->Iterations(1)->Repetitions(5);
+
+}  // namespace
+
+BENCHMARK_MAIN();
