@@ -2,10 +2,17 @@
 // spooled "page N of M" run, format-file parsing and designer loading.
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
+#include <unistd.h>
+
+#include <filesystem>
 
 #include "engine/designer.h"
 #include "engine/report.h"
+#include "entry/context.h"
+#include "entry/demo_data.h"
+#include "entry/schema.h"
 #include "layout/format_parser.h"
+#include "reports/documents/picking.h"
 
 namespace {
 
@@ -110,6 +117,37 @@ void BM_LoadDesigner(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(engine::LoadDesigner("rptPickingSyuDate"));
 }
 BENCHMARK(BM_LoadDesigner)->Unit(benchmark::kMicrosecond);
+
+// The picking list over staged demo orders on SQLite: two queries a page besides the run's own.
+void BM_PickingList(benchmark::State& state) {
+  const auto folder = std::filesystem::temp_directory_path() / ("lupin_bench_picking_" + std::to_string(::getpid()));
+  std::filesystem::create_directories(folder);
+  {
+    auto connection = db::OpenConnection("sqlite:" + (folder / "bench.db").string());
+    entry::CreateSchema(*connection);
+    entry::DemoOptions options;
+    options.orders = static_cast<int>(state.range(0));
+    entry::FillDemoData(*connection, options);
+    connection->Execute("INSERT INTO [WK_PRINT]([ID],[CLIENT_NAME]) SELECT [ID], 'BENCH' FROM [CHUMON]");
+    entry::Context context(connection.get(), settings::StorePaths::InFolder(folder), folder);
+    context.login.client_name = "BENCH";
+    context.current.report_no = 54;
+    const long rss_before = MaxRssKb();
+    long pages = 0;
+    for (auto _ : state) {
+      reports::rptPickingSyuDate report(context);
+      CountingSink sink;
+      const auto result = report.Run(sink);
+      if (!result.ok) state.SkipWithError(result.fault.description.c_str());
+      pages = sink.pages;
+    }
+    state.counters["pages"] = static_cast<double>(pages);
+    state.counters["pages/s"] = benchmark::Counter(static_cast<double>(pages), benchmark::Counter::kIsIterationInvariantRate);
+    state.counters["maxrss_growth_kb"] = static_cast<double>(MaxRssKb() - rss_before);
+  }
+  std::filesystem::remove_all(folder);
+}
+BENCHMARK(BM_PickingList)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 }  // namespace
 
