@@ -3,6 +3,9 @@
 #include <string>
 
 #include "common/text.h"
+#include "db/connection.h"
+#include "entry/demo_data.h"
+#include "entry/schema.h"
 #include "reports/slips/customer_barcode.h"
 
 namespace lupin::reports {
@@ -61,6 +64,28 @@ TEST(MakeCustomerBarcode, NonNumericPostcodeGivesNoBarcode) {
   for (const char* zip : {"", "ABC-1234", "１００－０００１", "100-00-01", "〒100-0001"}) {
     EXPECT_EQ(MakeCustomerBarcode(zip, "千代田 1-1"), "") << zip;
   }
+}
+
+// Every customer of the demo data gets a field the barcode element can encode: the seven postcode
+// digits, then only digits, hyphens and capitals, never more than 20 characters.
+TEST(MakeCustomerBarcode, DemoCustomersGiveEncodableFields) {
+  auto connection = db::OpenConnection("sqlite::memory:");
+  entry::CreateSchema(*connection);
+  entry::DemoOptions options;
+  options.orders = 200;
+  entry::FillDemoData(*connection, options);
+  int filled = 0;
+  for (auto rs = connection->Open("SELECT [郵便番号], [住所] FROM [CUSTOMER]"); !rs.Eof(); rs.MoveNext()) {
+    const std::string zip = rs["郵便番号"].Text();
+    const std::string field = MakeCustomerBarcode(zip, rs["住所"].Text());
+    SCOPED_TRACE(zip + " " + rs["住所"].Text() + " → " + field);
+    if (field.empty()) continue;
+    ++filled;
+    EXPECT_LE(field.size(), 20u);
+    EXPECT_EQ(field.find_first_not_of("0123456789-ABCDEFGHIJKLMNOPQRSTUVWXYZ"), std::string::npos);
+    EXPECT_EQ(field.substr(0, 7).find_first_not_of("0123456789"), std::string::npos);
+  }
+  EXPECT_GT(filled, 50);
 }
 
 struct StepCase {
