@@ -6,6 +6,7 @@
 #include "app/command_registry.h"
 #include "run/headless_run.h"
 #include "run/preview_runner.h"
+#include "run/preview_runner_engine.h"
 
 namespace lupin::app {
 
@@ -37,7 +38,9 @@ void Install(CLI::App& root) {
   auto& o = args->options;
   CLI::App* cmd = root.add_subcommand("run", "選択と印刷の流れをウィンドウなしで実行します (帳票の選択, 条件, 印刷一覧, 登録, 出力)");
   cmd->footer("詳しくは docs/run-command.md を参照してください。\n"
-              "例: lupinprint run --db sqlite:demo.db --login 山田,1,PC01 --report 18 --date 2024/04/01:2024/04/30");
+              "例: lupinprint run --db sqlite:demo.db --login 山田,1,PC01 --report 18 --date 2024/04/01:2024/04/30\n"
+              "    lupinprint run --db sqlite:demo.db --login 山田,1,PC01 --report 54 --pdf picking.pdf\n"
+              "    lupinprint run --db sqlite:demo.db --login 山田,1,PC01 --report 25 --denno 1234-5678-9019 --print");
 
   cmd->add_option("--report", o.report, "帳票番号 (REPORT_NO)")->required();
   cmd->add_option("--db", o.db_url, "接続先 (sqlite:PATH, postgresql://...)")->required();
@@ -82,8 +85,23 @@ void Install(CLI::App& root) {
   cmd->add_flag("--quiet", o.quiet, "印刷一覧を表示しない");
   cmd->add_flag("--book", o.book, "印刷コマンドの記帳 (印刷台帳, 請求グループ, 宅配伝票番号) を実行");
 
-  cmd->callback([args]() {
+  auto& pages = o.outputs;
+  cmd->add_option("--pdf", pages.pdf, "プレビューを PDF ファイルに書き出す (データベースには書き込まない)");
+  cmd->add_option("--png", pages.png_dir, "プレビューをページごとの PNG でこのフォルダに書き出す");
+  cmd->add_option("--png-dpi", pages.png_dpi, "PNG の解像度 (既定 96)")->check(CLI::Range(10.0, 1200.0));
+  cmd->add_option("--dump", pages.dump, "プレビューのページの内容を JSON ファイルに書き出す");
+  CLI::Option* print = cmd->add_option("--print", pages.printer,
+                                       "印刷コマンド: 記帳してからプリンタに送る (省略時は帳票のプリンタ, 空なら既定のプリンタ)")
+                           ->expected(0, 1);
+  CLI::Option* print_pdf = cmd->add_option("--print-pdf", pages.print_pdf, "印刷コマンド: 記帳してからプリンタの代わりにこのファイルに書き出す");
+  print->excludes(print_pdf);
+
+  // The report engine serves the preview and the print of page reports.
+  run::RegisterEnginePreviewRunner();
+
+  cmd->callback([args, print, print_pdf]() {
     auto& opt = args->options;
+    opt.outputs.print = print->count() > 0 || print_pdf->count() > 0;
     if (!args->login.empty()) {
       std::stringstream stream(args->login);
       std::string number;
@@ -127,8 +145,7 @@ void Install(CLI::App& root) {
     if (args->no_distinct) opt.distinct = false;
     opt.uncheck = SplitList(args->uncheck);
     opt.only = SplitList(args->only);
-    const auto engine = run::MakeRegisteredPreviewRunner();
-    const int code = run::RunHeadless(opt, std::cout, std::cerr, engine.get());
+    const int code = run::RunHeadless(opt, std::cout, std::cerr);
     if (code != 0) throw CLI::RuntimeError(code);
   });
 }

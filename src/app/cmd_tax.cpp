@@ -15,6 +15,7 @@
 #include "app/command_registry.h"
 #include "common/settings.h"
 #include "db/connection.h"
+#include "entry/context.h"
 #include "money/calc_chumon_t.h"
 #include "money/errors.h"
 
@@ -27,8 +28,8 @@ struct TaxArgs {
   bool all = false;
   std::optional<std::int32_t> from;
   std::optional<std::int32_t> to;
-  // SQLite and PostgreSQL both take dates between apostrophes, which is dialect 0.
-  int dialect = 0;
+  std::optional<int> dialect;  // none: ResouceMode of the settings
+  std::string settings_dir;    // folder of the three settings stores
   int batch = 500;  // orders per transaction in --all; 0 or 1: none
 };
 
@@ -163,9 +164,14 @@ void Run(const TaxArgs& args) {
   } catch (const std::exception& e) {
     Fail(std::string("データベースに接続できません: ") + e.what());
   }
-  money::clsCalcChumonT calc(settings::Settings(settings::StorePaths::Default()));
+  const auto stores = args.settings_dir.empty() ? settings::StorePaths::Default()
+                                                : settings::StorePaths::InFolder(args.settings_dir);
+  // The dialect is the workstation's, read as the selection form reads it.
+  entry::Context context(connection.get(), stores, std::filesystem::current_path());
+  entry::InitialiseContextSettings(context);
+  money::clsCalcChumonT calc{settings::Settings(stores)};
   try {
-    calc.SetDb(*connection, args.dialect);
+    calc.SetDb(*connection, args.dialect.value_or(context.dialect));
   } catch (const money::TypeMismatchError& e) {
     Fail(std::string("消費税率 (TAX) に軽減税率の行がありません: ") + e.what());
   } catch (const std::exception& e) {
@@ -209,7 +215,8 @@ const RegisterCommand kRegistration([](CLI::App& root) {
   CLI::Option* to = cmd->add_option("--to", args->to, "--all の範囲: この受注ID まで");
   cmd->add_option("--batch", args->batch, "--all で 1 つのトランザクションにまとめる受注の件数 (0: まとめない)")
       ->check(CLI::NonNegativeNumber);
-  cmd->add_option("--dialect", args->dialect, "SQL の方言 (0, 1, 2)。既定は 0")->check(CLI::Range(0, 2));
+  cmd->add_option("--dialect", args->dialect, "SQL の方言 (0, 1, 2)。既定は設定 ResouceMode")->check(CLI::Range(0, 2));
+  cmd->add_option("--settings", args->settings_dir, "設定ファイルのフォルダ (machine.ini, lupin.ini, fallback.ini)");
   id->excludes(all);
   from->needs(all);
   to->needs(all);

@@ -18,6 +18,27 @@ namespace lupin::run {
 namespace {
 
 constexpr int kProgressEvery = 1000;
+constexpr int kPageProgressEvery = 100;
+
+// The page count of a long run, redrawn on one line of the error stream.
+class PageProgress {
+ public:
+  explicit PageProgress(std::ostream& err) : err_(err) {}
+  void Show(int pages) {
+    if (pages % kPageProgressEvery != 0) return;
+    err_ << "\rページ " << pages << "..." << std::flush;
+    shown_ = true;
+  }
+  // Ends the progress line before the next message.
+  void Finish() {
+    if (shown_) err_ << '\n';
+    shown_ = false;
+  }
+
+ private:
+  std::ostream& err_;
+  bool shown_ = false;
+};
 
 bool SelectByText(common::ComboModel& combo, const std::string& text) {
   for (int i = 0; i < combo.ListCount(); ++i) {
@@ -220,19 +241,38 @@ void PrintFilters(const SelectForm& f, bool json, std::ostream& out) {
   }
 }
 
-int Book(entry::Context& ctx, StreamUi& ui, const SelectForm& form, PreviewRunner& runner, std::ostream& err) {
+// The bookkeeping of an empty preview: its print tool is still there, and the billing rule of 24
+// is reached only that way. The series length is the number of staged rows.
+int BookWithoutPages(entry::Context& ctx, StreamUi& ui, const SelectForm& form, std::ostream& err) {
+  StagedRowsRunner counter;
+  counter.Run(ctx, "");
+  PreviewForm empty(ctx, ui, form, counter, false);
+  empty.cmdPrint();
+  err << "台帳 " << empty.last_ledger.rows << " 件\n";
+  return empty.last_ledger.ok ? 0 : 1;
+}
+
+// The print command of frmPreview: the report runs, then the ledger, the billing groups and the
+// waybill numbers are written, and only then the pages go out. What is written stays when the
+// printer fails.
+int Book(entry::Context& ctx, StreamUi& ui, const SelectForm& form, PreviewRunner& runner,
+         const PreviewOutputs& outputs, PageProgress& progress, std::ostream& err) {
   PreviewForm preview(ctx, ui, form, runner, false);
   const bool shown = preview.S_DisplayReport();
+  progress.Finish();
   if (!shown) {
-    // An empty preview still has its print tool; the billing rule of 24 is reached only that way.
-    StagedRowsRunner counter;
-    counter.Run(ctx, "");
-    PreviewForm empty(ctx, ui, form, counter, false);
-    empty.cmdPrint();
-    err << "台帳 " << empty.last_ledger.rows << " 件\n";
-    return empty.last_ledger.ok ? 0 : 1;
+    const std::string why = runner.Message();
+    if (!why.empty()) {
+      ui.MessageBox(why, preview.caption, entry::kExclamation);
+      // Nothing is booked for pages that cannot be made.
+      if (outputs.print) return 1;
+    }
+    const int code = BookWithoutPages(ctx, ui, form, err);
+    if (!outputs.print) return code;
+    ui.MessageBox("印刷するページがありません。", preview.caption, entry::kExclamation);
+    return 1;
   }
-  preview.cmdPrint();
+  const bool printed = preview.cmdPrint();
   err << "台帳 " << preview.last_ledger.rows << " 件";
   if (entry::IsWaybillReport(ctx.current.report_no)) {
     switch (preview.last_den_no.outcome) {
@@ -242,7 +282,33 @@ int Book(entry::Context& ctx, StreamUi& ui, const SelectForm& form, PreviewRunne
     }
   }
   err << '\n';
+  if (!printed) {
+    ui.MessageBox(runner.Message(), preview.caption, entry::kExclamation);
+    return 1;
+  }
+  if (outputs.print) {
+    err << "印刷しました: " << runner.Pages() << " ページ → "
+        << (!outputs.print_pdf.empty() ? outputs.print_pdf
+            : !outputs.printer.empty() ? outputs.printer
+            : !ctx.current.device_name.empty() ? ctx.current.device_name
+                                               : std::string("既定のプリンタ"))
+        << '\n';
+  }
   return preview.last_ledger.ok ? 0 : 1;
+}
+
+// The preview without a print: the pages go to the preview files only.
+int Preview(entry::Context& ctx, StreamUi& ui, const SelectForm& form, PreviewRunner& runner,
+            PageProgress& progress, std::ostream& err) {
+  PreviewForm preview(ctx, ui, form, runner, false);
+  const bool shown = preview.S_DisplayReport();
+  progress.Finish();
+  if (shown) {
+    err << "プレビュー: " << runner.Pages() << " ページ\n";
+    return 0;
+  }
+  if (const std::string why = runner.Message(); !why.empty()) ui.MessageBox(why, preview.caption, entry::kExclamation);
+  return entry::IsSilentNoneReport(ctx.current.report_no) ? 0 : 1;
 }
 
 }  // namespace
@@ -261,6 +327,16 @@ entry::MessageResult StreamUi::MessageBox(std::string_view text, std::string_vie
 }
 
 int RunHeadless(const RunOptions& o, std::ostream& out, std::ostream& err, PreviewRunner* runner) {
+  PageProgress progress(err);
+  std::unique_ptr<PreviewRunner> registered;
+  if (runner == nullptr) {
+    registered = MakeRegisteredPreviewRunner(o.outputs, [&progress](int pages) { progress.Show(pages); });
+    runner = registered.get();
+  }
+  if (runner == nullptr && (o.outputs.Previews() || o.outputs.print)) {
+    err << "帳票エンジンがないため、ページを出力できません。\n";
+    return 2;
+  }
   std::unique_ptr<db::Connection> connection;
   try {
     connection = db::OpenConnection(o.db_url);
@@ -277,6 +353,7 @@ int RunHeadless(const RunOptions& o, std::ostream& out, std::ostream& err, Previ
 
   StreamUi ui(err);
   try {
+    entry::InitialiseContextSettings(ctx);
     SelectForm form(ctx, ui);
     form.Form_Load();
     form.Form_Activate();
@@ -289,10 +366,18 @@ int RunHeadless(const RunOptions& o, std::ostream& out, std::ostream& err, Previ
     if (form.cmdSelect() == SelectOutcome::Stopped) return 1;
 
     const std::int32_t report_no = ctx.current.report_no;
+    const bool pages_asked = o.outputs.Previews() || o.outputs.print;
     if (entry::IsDirectReport(report_no)) {
       PrintFilters(form, o.json, out);
-      if (!o.sql_only) err << "集計帳票はプレビューで作成されます (帳票エンジン未接続)。\n";
-      return 0;
+      if (o.sql_only) return 0;
+      // These reports aggregate by themselves; no list and no staging come before them.
+      if (runner == nullptr) {
+        err << "集計帳票はプレビューで作成されます (帳票エンジン未接続)。\n";
+        return 0;
+      }
+      if (!pages_asked && !o.book) return 0;
+      return o.book || o.outputs.print ? Book(ctx, ui, form, *runner, o.outputs, progress, err)
+                                       : Preview(ctx, ui, form, *runner, progress, err);
     }
     if (o.sql_only) {
       out << form.SQL << '\n';
@@ -313,14 +398,13 @@ int RunHeadless(const RunOptions& o, std::ostream& out, std::ostream& err, Previ
     if (outcome == PrintOutcome::FileWritten) return 0;
     if (outcome != PrintOutcome::Preview) return 1;
     err << "WK_PRINT に " << print.staged_rows << " 件を登録しました。\n";
-    StagedRowsRunner counter;
-    PreviewRunner& engine = runner != nullptr ? *runner : counter;
-    if (o.book) return Book(ctx, ui, form, engine, err);
-    if (runner != nullptr) {
-      PreviewForm preview(ctx, ui, form, *runner, false);
-      return preview.S_DisplayReport() ? 0 : 1;
+    if (runner == nullptr) {
+      if (!o.book) return 0;
+      StagedRowsRunner counter;
+      return Book(ctx, ui, form, counter, o.outputs, progress, err);
     }
-    return 0;
+    return o.book || o.outputs.print ? Book(ctx, ui, form, *runner, o.outputs, progress, err)
+                                     : Preview(ctx, ui, form, *runner, progress, err);
   } catch (const std::exception& e) {
     err << "エラー: " << e.what() << '\n';
     return 2;

@@ -47,6 +47,9 @@ struct RunOptions {
   bool json = false;
   bool book = false;
   bool quiet = false;         // no table
+
+  // Pages: the preview files, and the print command (outputs.print, which books first).
+  PreviewOutputs outputs;
 };
 
 // Parses "FROM:TO"; a missing colon gives FROM:FROM.
@@ -65,7 +68,8 @@ class StreamUi : public entry::Ui {
 };
 
 // Runs one print run; returns the process exit code (0 done, 1 stopped with a message, 2 a usage
-// or environment fault). runner: the report engine's hook; null runs the bookkeeping only.
+// or environment fault). runner: the report engine's hook; null takes the registered one for
+// options.outputs, and without one runs the bookkeeping only.
 int RunHeadless(const RunOptions& options, std::ostream& out, std::ostream& err, PreviewRunner* runner = nullptr);
 
 }  // namespace lupin::run

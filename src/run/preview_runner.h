@@ -3,11 +3,30 @@
 // batch run without pages uses StagedRowsRunner so that the bookkeeping still works.
 #include <functional>
 #include <memory>
+#include <string>
 #include <string_view>
+#include <utility>
 
 #include "entry/context.h"
 
 namespace lupin::run {
+
+// Where the pages of a run go. The preview outputs write nothing but their files; the print
+// command books first and then sends the same pages out.
+struct PreviewOutputs {
+  std::string pdf;         // the preview as one PDF file
+  std::string png_dir;     // the preview as page-0001.png … in this folder
+  double png_dpi = 96;
+  std::string dump;        // the preview as the page dump (JSON)
+  bool print = false;      // the print command sends the pages out
+  std::string printer;     // with print: this queue instead of the report's DEVICE_NAME
+  std::string print_pdf;   // with print: this file instead of a printer
+
+  bool Previews() const { return !pdf.empty() || !png_dir.empty() || !dump.empty(); }
+};
+
+// Called with the number of pages laid out so far, after each page.
+using PreviewProgress = std::function<void(int pages)>;
 
 class PreviewRunner {
  public:
@@ -20,6 +39,10 @@ class PreviewRunner {
   virtual int RecordCount() const = 0;
   // Hands the pages to the printer with the print dialog; false when cancelled or failed.
   virtual bool Print() = 0;
+  // Why the last Run or Print failed, for the user; empty when there is nothing to say.
+  virtual std::string Message() const { return {}; }
+  // Pages the last Run laid out.
+  virtual int Pages() const { return 0; }
 };
 
 // Runs no report: the record count is the workstation's staged rows, and nothing is printed.
@@ -35,15 +58,17 @@ class StagedRowsRunner : public PreviewRunner {
 
 // The report engine registers how to make its runner at start-up; the run command then previews
 // and prints through it. Without one, page reports stop after staging.
-using PreviewRunnerFactory = std::function<std::unique_ptr<PreviewRunner>()>;
+using PreviewRunnerFactory =
+    std::function<std::unique_ptr<PreviewRunner>(const PreviewOutputs& outputs, PreviewProgress progress)>;
 inline PreviewRunnerFactory& RegisteredPreviewRunnerSlot() {
   static PreviewRunnerFactory factory;
   return factory;
 }
 inline void RegisterPreviewRunner(PreviewRunnerFactory factory) { RegisteredPreviewRunnerSlot() = std::move(factory); }
-inline std::unique_ptr<PreviewRunner> MakeRegisteredPreviewRunner() {
+inline std::unique_ptr<PreviewRunner> MakeRegisteredPreviewRunner(const PreviewOutputs& outputs = {},
+                                                                  PreviewProgress progress = nullptr) {
   const auto& factory = RegisteredPreviewRunnerSlot();
-  return factory ? factory() : nullptr;
+  return factory ? factory(outputs, std::move(progress)) : nullptr;
 }
 
 }  // namespace lupin::run

@@ -1,0 +1,147 @@
+#include "run/preview_runner_engine.h"
+
+#include <exception>
+#include <fstream>
+#include <optional>
+
+#include "engine/display.h"
+#include "engine/json_dump.h"
+#include "engine/render_pdf.h"
+#include "engine/render_png.h"
+
+namespace lupin::run {
+
+namespace {
+
+constexpr std::string_view kSiryoObject = "rptWellNet";
+
+// The page dump, written under a temporary name until the run is complete.
+struct DumpOutput {
+  explicit DumpOutput(const std::string& path) : file(path), stream(file.TempPath(), std::ios::binary), sink(stream) {}
+  PendingFile file;
+  std::ofstream stream;
+  engine::JsonDumpSink sink;
+};
+
+struct PdfOutput {
+  explicit PdfOutput(const std::string& path) : file(path), renderer(file.TempPath().string()) {}
+  PendingFile file;
+  engine::PdfRenderer renderer;
+};
+
+double TwipsToMm(std::int32_t twips) { return twips / 56.7; }
+
+}  // namespace
+
+EnginePreviewRunner::EnginePreviewRunner(engine::ReportRegistry registry, PreviewOutputs outputs,
+                                         PreviewProgress progress)
+    : registry_(std::move(registry)), outputs_(std::move(outputs)), progress_(std::move(progress)) {}
+
+bool EnginePreviewRunner::Run(entry::Context& context, std::string_view object_name) {
+  message_.clear();
+  kept_.reset();
+  pages_ = 0;
+  record_count_ = 0;
+  auto report = registry_.Create(object_name, context);
+  if (!report) {
+    message_ = engine::kNoReportMessage;
+    return false;
+  }
+  engine::ApplyReportSettings(*report, context.current, object_name == kSiryoObject);
+  printer_ = report->Printer;
+  title_ = report->DocumentTitle;
+
+  FanOutSink fan(progress_);
+  std::optional<PdfOutput> pdf;
+  std::optional<engine::PngRenderer> png;
+  std::optional<DumpOutput> dump;
+  auto kept = outputs_.print ? std::make_unique<KeptPages>() : nullptr;
+  engine::RunResult result;
+  try {
+    if (!outputs_.pdf.empty()) fan.Add(pdf.emplace(outputs_.pdf).renderer);
+    if (!outputs_.png_dir.empty()) fan.Add(png.emplace(outputs_.png_dir, outputs_.png_dpi));
+    if (!outputs_.dump.empty()) {
+      dump.emplace(outputs_.dump);
+      if (!dump->stream) {
+        message_ = "ファイル '" + outputs_.dump + "' を書き込めません。";
+        return false;
+      }
+      fan.Add(dump->sink);
+    }
+    if (kept) fan.Add(*kept);
+    result = report->Run(fan);
+  } catch (const std::exception& e) {
+    // A renderer that cannot even start ends the preview; nothing was written.
+    message_ = e.what();
+    return false;
+  }
+  if (!result.ok) {
+    message_ = "帳票を作成できません: " + result.fault.description;
+    return false;
+  }
+  if (dump) {
+    dump->stream.close();
+    if (!dump->stream) {
+      message_ = "ファイル '" + outputs_.dump + "' を書き込めません。";
+      return false;
+    }
+  }
+  if ((pdf && !pdf->file.Commit(message_)) || (dump && !dump->file.Commit(message_))) return false;
+
+  pages_ = fan.Pages();
+  const auto& recordset = report->DataControl1.Recordset;
+  record_count_ = recordset ? static_cast<int>(recordset->RecordCount()) : 0;
+  kept_ = std::move(kept);
+  return true;
+}
+
+engine::PrintJob EnginePreviewRunner::Job(const std::string& pdf_path) const {
+  engine::PrintJob job;
+  job.pdf_path = pdf_path;
+  job.device_name = outputs_.printer.empty() ? printer_.DeviceName : outputs_.printer;
+  job.title = title_;
+  job.paper_size = printer_.PaperSize;
+  if (printer_.PaperSize == engine::kPaperUser) {
+    job.paper_width_mm = TwipsToMm(printer_.PaperWidth);
+    job.paper_height_mm = TwipsToMm(printer_.PaperHeight);
+  }
+  job.paper_bin = printer_.PaperBin;
+  job.orientation = printer_.Orientation;
+  return job;
+}
+
+bool EnginePreviewRunner::RenderKept(const std::filesystem::path& path) {
+  try {
+    engine::PdfRenderer renderer(path.string());
+    kept_->Replay(renderer);
+    return true;
+  } catch (const std::exception& e) {
+    message_ = e.what();
+    return false;
+  }
+}
+
+bool EnginePreviewRunner::Print() {
+  last_print_ = {};
+  if (!outputs_.print) return true;
+  message_.clear();
+  if (!kept_) {
+    message_ = "印刷するページがありません。";
+    return false;
+  }
+  if (!outputs_.print_pdf.empty()) {
+    PendingFile file(outputs_.print_pdf);
+    if (!RenderKept(file.TempPath()) || !file.Commit(message_)) return false;
+    last_print_.ok = true;
+    last_print_.printer = outputs_.print_pdf;
+    return true;
+  }
+  // The job is copied to the server when it is submitted; the local file is not needed after.
+  PendingFile spool(std::filesystem::temp_directory_path() / "lupinprint-job.pdf");
+  if (!RenderKept(spool.TempPath())) return false;
+  last_print_ = engine::SubmitPdf(Job(spool.TempPath().string()));
+  if (!last_print_.ok) message_ = last_print_.message;
+  return last_print_.ok;
+}
+
+}  // namespace lupin::run

@@ -1,0 +1,69 @@
+#include "run/preview_runner_sinks.h"
+
+#include <unistd.h>
+
+#include <atomic>
+#include <system_error>
+
+namespace lupin::run {
+
+void FanOutSink::Begin(const engine::DocumentInfo& info) {
+  pages_ = 0;
+  for (auto* sink : sinks_) sink->Begin(info);
+}
+
+void FanOutSink::AddPage(const engine::Page& page) {
+  for (auto* sink : sinks_) sink->AddPage(page);
+  ++pages_;
+  if (progress_) progress_(pages_);
+}
+
+void FanOutSink::End() {
+  for (auto* sink : sinks_) sink->End();
+}
+
+namespace {
+
+// Two outputs of one process beside the same target must not share a temporary name.
+std::filesystem::path TempBeside(const std::filesystem::path& target) {
+  static std::atomic<int> serial{0};
+  std::filesystem::path temp = target;
+  temp += ".part-" + std::to_string(::getpid()) + "-" + std::to_string(++serial);
+  return temp;
+}
+
+}  // namespace
+
+PendingFile::PendingFile(std::filesystem::path target) : target_(std::move(target)), temp_(TempBeside(target_)) {}
+
+PendingFile::~PendingFile() {
+  if (committed_) return;
+  std::error_code ignored;
+  std::filesystem::remove(temp_, ignored);
+}
+
+bool PendingFile::Commit(std::string& error) {
+  std::error_code ec;
+  std::filesystem::rename(temp_, target_, ec);
+  if (ec) {
+    error = "ファイル '" + target_.string() + "' を書き込めません: " + ec.message();
+    return false;
+  }
+  committed_ = true;
+  return true;
+}
+
+void KeptPages::Begin(const engine::DocumentInfo& info) {
+  info_ = info;
+  spool_ = std::make_unique<engine::PageSpool>();
+}
+
+void KeptPages::AddPage(const engine::Page& page) { spool_->Write(page, {}); }
+
+void KeptPages::Replay(engine::PageSink& sink) {
+  sink.Begin(info_);
+  if (spool_) spool_->Replay([&](engine::Page& page, const std::vector<int>&) { sink.AddPage(page); });
+  sink.End();
+}
+
+}  // namespace lupin::run
