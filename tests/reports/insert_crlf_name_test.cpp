@@ -32,8 +32,8 @@ INSTANTIATE_TEST_SUITE_P(
         NameCase{"BlankLinesOfAShortName", "山田\r\n\r\n太郎", 20, "山田\r\n太郎"},
         NameCase{"BehindCompanyWord", "山田商事株式会社営業本部第一課", 20, "山田商事株式会社\r\n営業本部第一課"},
         // The search starts at character 2, so a leading company word is never found.
-        NameCase{"LeadingCompanyWordNotFound", "株式会社山田商事営業本部第一課", 12,
-                 "株式会社山田\r\n商事営業本部\r\n第一課"},
+        // The search starts at character 2: the leading word is not found, the width decides, byte 9 is lost.
+        NameCase{"LeadingCompanyWordNotFound", "株式会社A山田商事営業部", 10, "株式会社\r\n山田商事営\r\n業部"},
         NameCase{"HalfWidthBracketsAreACompanyWord", "山田商事(株)営業本部", 16, "山田商事(株)\r\n営業本部"},
         NameCase{"FullWidthBracketsAreNot", "山田商事（株）営業本部", 16, "山田商事（株）営\r\n業本部"},
         NameCase{"PriorityBeatsPosition", "山田(株)鈴木有限会社営業部", 22, "山田(株)鈴木有限会社\r\n営業部"},
