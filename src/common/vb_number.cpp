@@ -90,7 +90,8 @@ std::optional<double> NumericValue(std::string_view raw) {
   std::size_t end = text.size();
   while (begin < end && (text[begin] == ' ' || text[begin] == '\t')) ++begin;
   while (end > begin && (text[end - 1] == ' ' || text[end - 1] == '\t')) --end;
-  const std::string_view s = text.substr(begin, end - begin);
+  // A view into text itself, not into a temporary substring.
+  const std::string_view s = std::string_view(text).substr(begin, end - begin);
   if (s.empty()) return std::nullopt;
   if (s.size() > 2 && s[0] == '&') {
     const char kind = static_cast<char>(s[1] | 0x20);
