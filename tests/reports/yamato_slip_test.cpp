@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "common/text.h"
 #include "engine/display.h"
 #include "reports/slips/yamato_slip.h"
 #include "yamato_fixture.h"
@@ -189,19 +188,6 @@ TEST_P(YamatoSlipRules, CompanyBlock) {
   }
 }
 
-TEST_P(YamatoSlipRules, CompanyTooWideFlowsOverBothLinesWithoutLoss) {
-  SlipOrder order;
-  order.company = kLongCompany;
-  order.department = "経理部";
-  InsertOrder(order);
-  const auto page = OnePage();
-  ASSERT_TRUE(Shown(page, "lblCompany"));
-  ASSERT_TRUE(Shown(page, "lblCompany2"));
-  const std::string upper = Caption(page, "lblCompany");
-  EXPECT_NE(upper, kLongCompany);
-  EXPECT_EQ(upper + Caption(page, "lblCompany2"), kLongCompany + "経理部");
-}
-
 TEST_P(YamatoSlipRules, FormatThatHidesAControlWinsOverTheRules) {
   // Rows that would show lblCompany2 by each branch of the company block, and a ring.
   WriteFormat(25, "<field=lblCompany2><visible>0</visible></field><field=shpDelivery3><visible>0</visible></field>");
@@ -224,10 +210,9 @@ TEST_P(YamatoSlipRules, FormatThatHidesAControlWinsOverTheRules) {
   EXPECT_TRUE(ItemOn(pages.Pages()[0], "lblCompany").visible);
 }
 
-TEST_P(YamatoSlipRules, NamesAddressesAndDates) {
+TEST_P(YamatoSlipRules, NamesAndDates) {
   SlipOrder long_name, trailing_break, gift_trailing, no_date;
   long_name.name = kLongName;
-  long_name.address = kLongAddress;
   trailing_break.id = 1002;
   trailing_break.name = "山田 太郎\r\n";
   gift_trailing = Gift("S1");
@@ -242,9 +227,6 @@ TEST_P(YamatoSlipRules, NamesAddressesAndDates) {
   const auto& p = pages.Pages();
   // A name that would need two lines prints unbroken, as the column holds it.
   EXPECT_EQ(ItemOn(p[0], "lblNAME").text, kLongName);
-  EXPECT_NE(ItemOn(p[0], "lblADDRESS").text.find("\r\n"), std::string::npos);
-  EXPECT_EQ(text::TextReplace(text::TextReplace(ItemOn(p[0], "lblADDRESS").text, "\r\n", ""), " ", ""),
-            text::TextReplace(kLongAddress, " ", ""));
   // The orderer's name goes through the line breaking, which drops the empty line; a gift name
   // is printed as it stands.
   EXPECT_EQ(ItemOn(p[1], "lblNAME").text, "山田 太郎");
