@@ -10,6 +10,7 @@
 #include "entry/catalogue.h"
 #include "entry/context.h"
 #include "run/preview_form.h"
+#include "run/preview_runner_sinks.h"
 #include "run/print_form.h"
 #include "run/select_form.h"
 
@@ -335,6 +336,10 @@ int RunHeadless(const RunOptions& o, std::ostream& out, std::ostream& err, Previ
   }
   if (runner == nullptr && (o.outputs.Previews() || o.outputs.print)) {
     err << "帳票エンジンがないため、ページを出力できません。\n";
+    return 2;
+  }
+  if (const std::string file = MissingOutputFolder(o.outputs); !file.empty()) {
+    err << "ファイル '" << file << "' のフォルダがありません。\n";
     return 2;
   }
   std::unique_ptr<db::Connection> connection;

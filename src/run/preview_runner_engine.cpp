@@ -110,13 +110,13 @@ engine::PrintJob EnginePreviewRunner::Job(const std::string& pdf_path) const {
   return job;
 }
 
-bool EnginePreviewRunner::RenderKept(const std::filesystem::path& path) {
+bool EnginePreviewRunner::RenderKept(const PendingFile& file) {
   try {
-    engine::PdfRenderer renderer(path.string());
+    engine::PdfRenderer renderer(file.TempPath().string());
     kept_->Replay(renderer);
     return true;
   } catch (const std::exception& e) {
-    message_ = e.what();
+    message_ = "ファイル '" + file.Target().string() + "' を書き込めません (" + e.what() + ")";
     return false;
   }
 }
@@ -131,14 +131,14 @@ bool EnginePreviewRunner::Print() {
   }
   if (!outputs_.print_pdf.empty()) {
     PendingFile file(outputs_.print_pdf);
-    if (!RenderKept(file.TempPath()) || !file.Commit(message_)) return false;
+    if (!RenderKept(file) || !file.Commit(message_)) return false;
     last_print_.ok = true;
     last_print_.printer = outputs_.print_pdf;
     return true;
   }
   // The job is copied to the server when it is submitted; the local file is not needed after.
   PendingFile spool(std::filesystem::temp_directory_path() / "lupinprint-job.pdf");
-  if (!RenderKept(spool.TempPath())) return false;
+  if (!RenderKept(spool)) return false;
   last_print_ = engine::SubmitPdf(Job(spool.TempPath().string()));
   if (!last_print_.ok) message_ = last_print_.message;
   return last_print_.ok;

@@ -34,7 +34,7 @@ class EnginePreviewRunner : public PreviewRunner {
   engine::PrintJob Job(const std::string& pdf_path) const;
 
  private:
-  bool RenderKept(const std::filesystem::path& path);
+  bool RenderKept(const PendingFile& file);
 
   engine::ReportRegistry registry_;
   PreviewOutputs outputs_;

@@ -53,6 +53,16 @@ bool PendingFile::Commit(std::string& error) {
   return true;
 }
 
+std::string MissingOutputFolder(const PreviewOutputs& outputs) {
+  for (const std::string* file : {&outputs.pdf, &outputs.dump, &outputs.print_pdf}) {
+    if (file->empty()) continue;
+    const auto folder = std::filesystem::path(*file).parent_path();
+    std::error_code ec;
+    if (!folder.empty() && !std::filesystem::is_directory(folder, ec)) return *file;
+  }
+  return "";
+}
+
 void KeptPages::Begin(const engine::DocumentInfo& info) {
   info_ = info;
   spool_ = std::make_unique<engine::PageSpool>();

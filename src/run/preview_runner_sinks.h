@@ -50,6 +50,10 @@ class PendingFile {
   bool committed_ = false;
 };
 
+// The first output file of outputs whose folder does not exist, "" when all can be written there.
+// Checked before a run, so that nothing is booked for pages that could never be saved.
+std::string MissingOutputFolder(const PreviewOutputs& outputs);
+
 // Keeps the pages of a run on disk, so that the print command sends the pages the preview laid
 // out without running the report again. Memory stays flat however long the run.
 class KeptPages : public engine::PageSink {

@@ -1,0 +1,158 @@
+// The run command with the report engine behind it: previews that write only their files, and the
+// print command that books first and keeps what it booked when the pages cannot go out.
+#include <nlohmann/json.hpp>
+
+#include "catalogue/load_report_definition.h"
+#include "engine/display.h"
+#include "engine/json_dump.h"
+#include "engine/page_collection.h"
+#include "run/preview_fixture.h"
+
+namespace lupin::run {
+namespace {
+
+using testing::Count;
+using testing::PartFiles;
+using testing::PdfInfo;
+using testing::Quoted;
+using testing::ReadAll;
+using testing::RunCommand;
+
+class PreviewRun : public testing::PreviewRunTest {};
+
+// The print date of the page header is the clock's; two runs differ only there.
+nlohmann::json WithoutPrintDate(nlohmann::json dump) {
+  for (auto& page : dump["pages"])
+    for (auto& item : page["items"])
+      if (item["name"] == "lblPrintDate") item["text"] = "";
+  return dump;
+}
+
+TEST_P(PreviewRun, PickingListBecomesAValidPdfAndBooksNothing) {
+  options.outputs.pdf = File("picking.pdf").string();
+  ASSERT_EQ(Run(), 0) << err.str();
+  const auto check = RunCommand("qpdf --check " + Quoted(File("picking.pdf")));
+  EXPECT_EQ(check.status, 0) << check.output;
+  EXPECT_NE(RunCommand("pdftotext " + Quoted(File("picking.pdf")) + " -").output.find("ピッキングリスト"),
+            std::string::npos);
+  EXPECT_EQ(PdfInfo(File("picking.pdf"), "Pages"), "5") << "one page per checked order";
+  EXPECT_EQ(PdfInfo(File("picking.pdf"), "Title"), "ピッキングリスト(出荷日)") << "REPORT_NAME names the document";
+  EXPECT_EQ(Ledger(54), 0) << "a preview is no print";
+  EXPECT_EQ(PartFiles(folder.Path()), 0);
+}
+
+TEST_P(PreviewRun, DumpIsWhatTheEngineLaysOutForTheObjectOfTheNumber) {
+  struct Case {
+    int report;
+    const char* object;
+  };
+  for (const Case c : {Case{54, "rptPickingSyuDate"}, Case{55, "rptPickingSyuYDate"}}) {
+    SCOPED_TRACE(c.report);
+    options.report = c.report;
+    options.outputs.dump = File("pages.json").string();
+    ASSERT_EQ(Run(), 0) << err.str();
+    const auto written = nlohmann::json::parse(ReadAll(File("pages.json")));
+
+    // The same object run straight on the engine, over the rows the run left staged.
+    entry::Context context(&Db(), settings::StorePaths::InFolder(File("settings")), folder.Path());
+    context.login.client_name = "PC01";
+    catalogue::LoadReportDefinition(context, c.report);
+    auto report = ReportObjects().Create(c.object, context);
+    ASSERT_NE(report, nullptr);
+    engine::ApplyReportSettings(*report, context.current);
+    engine::PageCollection pages;
+    ASSERT_TRUE(report->Run(pages).ok);
+    const auto direct = nlohmann::json::parse(engine::JsonDump(pages.Info(), pages.Pages()));
+
+    EXPECT_EQ(written["report"], c.object);
+    EXPECT_EQ(written["pages"].size(), 5u);
+    EXPECT_EQ(WithoutPrintDate(written), WithoutPrintDate(direct));
+  }
+}
+
+TEST_P(PreviewRun, NumbersTheEngineCannotRunStopWithTheMessage) {
+  struct Case {
+    const char* what;
+    PreviewOutputs outputs;
+    bool book;
+    int code;
+    long ledger;
+  };
+  const Case cases[] = {
+      {"preview", {.pdf = "delivery.pdf"}, false, 1, 0},
+      {"print", {.print = true, .print_pdf = "delivery.pdf"}, false, 1, 0},
+      // Bookkeeping alone does not need the pages: the staged rows give the count.
+      {"bookkeeping only", {}, true, 0, 5},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    Db().Execute("DELETE FROM [PRINTED]");
+    options.report = 0;  // the delivery note: in the catalogue, not yet on the engine
+    options.outputs = c.outputs;
+    if (!options.outputs.pdf.empty()) options.outputs.pdf = File(c.outputs.pdf).string();
+    if (!options.outputs.print_pdf.empty()) options.outputs.print_pdf = File(c.outputs.print_pdf).string();
+    options.book = c.book;
+    EXPECT_EQ(Run(), c.code) << err.str();
+    EXPECT_NE(err.str().find("帳票が登録されていません。"), std::string::npos) << err.str();
+    EXPECT_FALSE(std::filesystem::exists(File("delivery.pdf")));
+    EXPECT_EQ(Ledger(0), c.ledger);
+  }
+}
+
+TEST_P(PreviewRun, PrintToAFileBooksThenWritesTheSamePages) {
+  options.outputs = {.pdf = File("preview.pdf").string(), .print = true, .print_pdf = File("printed.pdf").string()};
+  ASSERT_EQ(Run(), 0) << err.str();
+  EXPECT_EQ(Ledger(54), 5);
+  EXPECT_EQ(RunCommand("qpdf --check " + Quoted(File("printed.pdf"))).status, 0);
+  EXPECT_EQ(PdfInfo(File("printed.pdf"), "Pages"), "5");
+  EXPECT_EQ(RunCommand("pdftotext " + Quoted(File("printed.pdf")) + " -").output,
+            RunCommand("pdftotext " + Quoted(File("preview.pdf")) + " -").output)
+      << "the print sends the pages of the preview, not a second run";
+  EXPECT_EQ(PartFiles(folder.Path()), 0);
+}
+
+TEST_P(PreviewRun, PagesThatCannotGoOutLeaveTheBookkeepingStanding) {
+  std::filesystem::create_directories(File("taken") / "inside");
+  struct Case {
+    const char* what;
+    std::string printer;
+    std::string print_pdf;
+    const char* message;
+  };
+  const Case cases[] = {
+      {"default printer, server unreachable", "", "", "既定のプリンタに印刷できません: "},
+      {"named queue, server unreachable", "LupinPDF", "", "プリンタ 'LupinPDF' に印刷できません: "},
+      {"file name taken by a folder", "", File("taken").string(), "を書き込めません"},
+  };
+  testing::UseCupsServer("127.0.0.1:9");
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    Db().Execute("DELETE FROM [PRINTED]");
+    options.outputs = {.print = true, .printer = c.printer, .print_pdf = c.print_pdf};
+    EXPECT_EQ(Run(), 1);
+    const std::string text = err.str();
+    const auto failed = text.find(c.message);
+    ASSERT_NE(failed, std::string::npos) << text;
+    EXPECT_LT(text.find("台帳 5 件"), failed) << "the ledger is written before the pages go out";
+    EXPECT_EQ(testing::Column(Db(), "SELECT [ID] FROM [PRINTED] WHERE [REPORT_NO] = 54 ORDER BY [ID]", "ID"),
+              std::vector<std::string>({"1", "2", "3", "4", "5"}));
+    EXPECT_EQ(PartFiles(folder.Path()), 0);
+  }
+}
+
+TEST_P(PreviewRun, AnOutputThatCouldNeverBeSavedStopsBeforeAnythingIsWritten) {
+  const std::string missing = (File("missing") / "out.pdf").string();
+  for (const PreviewOutputs& outputs : {PreviewOutputs{.pdf = missing}, PreviewOutputs{.dump = missing},
+                                        PreviewOutputs{.print = true, .print_pdf = missing}}) {
+    options.outputs = outputs;
+    EXPECT_EQ(Run(), 2);
+    EXPECT_NE(err.str().find("のフォルダがありません。"), std::string::npos) << err.str();
+    EXPECT_EQ(Count(Db(), "FROM [WK_PRINT]"), 0);
+    EXPECT_EQ(Ledger(54), 0);
+  }
+}
+
+LUPIN_INSTANTIATE_ENGINES(PreviewRun);
+
+}  // namespace
+}  // namespace lupin::run
