@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cstdint>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "catalogue/load_report_definition.h"
@@ -35,38 +38,22 @@ TEST_P(LoadDefinitionTest, ReadsTheRowIntoTheCurrentDefinition) {
   const entry::ReportDefinition& def = context_->current;
   EXPECT_EQ(def.report_no, 18);
   EXPECT_EQ(def.report_name, "佐川宅配伝票");
-  EXPECT_EQ(def.paper_type, 1);
   EXPECT_EQ(def.device_name, "Slip-Printer");
-  EXPECT_EQ(def.paper_size, 256);
-  EXPECT_EQ(def.paper_bin, 4);
-  EXPECT_EQ(def.margin_left, 120);
-  EXPECT_EQ(def.margin_top, 80);
-  EXPECT_EQ(def.margin_right, 60);
-  EXPECT_EQ(def.margin_bottom, 40);
-  EXPECT_EQ(def.orientation, 2);
-  EXPECT_EQ(def.where, 10);
-  EXPECT_EQ(def.date_label, "出荷日");
-  EXPECT_EQ(def.date_field, "出荷日");
-  EXPECT_EQ(def.use_paper_type, 1);
+  EXPECT_EQ((std::array<int, 4>{def.paper_type, def.paper_size, def.paper_bin, def.orientation}),
+            (std::array<int, 4>{1, 256, 4, 2}));
+  EXPECT_EQ((std::array{def.margin_left, def.margin_top, def.margin_right, def.margin_bottom}),
+            (std::array<std::int32_t, 4>{120, 80, 60, 40}));
+  EXPECT_EQ((std::array{def.where, def.use_paper_type, def.payment_init}), (std::array{10, 1, 2}));
+  EXPECT_EQ(def.date_label + "|" + def.date_field, "出荷日|出荷日");
   EXPECT_EQ(def.memo, (std::array<std::string, 3>{"メモ一", "", "メモ三"}));
-  EXPECT_EQ(def.payment_init, 2);
-  EXPECT_EQ(def.fld_tooltip[0], "ヒント一");
-  EXPECT_EQ(def.fld_tooltip[4], "ヒント五");
+  EXPECT_EQ(def.fld_tooltip[0] + "|" + def.fld_tooltip[4], "ヒント一|ヒント五");
   EXPECT_EQ(def.other_tbl_name, "");
-}
-
-TEST_P(LoadDefinitionTest, TextsCountOnlyUnderALabel) {
-  InsertSagawa();
-  ASSERT_TRUE(LoadReportDefinition(*context_, 18));
-  const entry::ReportDefinition& def = context_->current;
+  // Texts count only under a label: FLD_TXT2 and FLD_TXT3 hold text, but their labels are empty.
   EXPECT_EQ(def.fld_lbl[0], "お届け時間");
-  EXPECT_EQ(def.fld_txt[0], "午前中");
-  // FLD_TXT2 and FLD_TXT3 hold text, but their labels are empty.
-  EXPECT_EQ(def.fld_txt[1], "");
-  EXPECT_EQ(def.fld_txt[2], "");
+  EXPECT_EQ((std::array{def.fld_txt[0], def.fld_txt[1], def.fld_txt[2]}),
+            (std::array<std::string, 3>{"午前中", "", ""}));
   EXPECT_EQ(def.biko_lbl[0], "備考");
-  EXPECT_EQ(def.biko_fld[0], "備考1");
-  EXPECT_EQ(def.biko_fld[1], "");
+  EXPECT_EQ((std::array{def.biko_fld[0], def.biko_fld[1]}), (std::array<std::string, 2>{"備考1", ""}));
 }
 
 TEST_P(LoadDefinitionTest, NullColumnsReadAsEmptyAndZero) {
@@ -78,13 +65,8 @@ TEST_P(LoadDefinitionTest, NullColumnsReadAsEmptyAndZero) {
   ASSERT_TRUE(LoadReportDefinition(*context_, 4));
   const entry::ReportDefinition& def = context_->current;
   EXPECT_EQ(def.report_no, 4);
-  EXPECT_EQ(def.device_name, "");
-  EXPECT_EQ(def.paper_size, 0);
-  EXPECT_EQ(def.paper_type, 0);
-  EXPECT_EQ(def.where, 0);
-  EXPECT_EQ(def.lbl_rpt, 0);
-  EXPECT_EQ(def.fld_txt[0], "");
-  EXPECT_EQ(def.date_field, "");
+  EXPECT_EQ(def.device_name + def.fld_txt[0] + def.date_field, "");
+  EXPECT_EQ((std::array<int, 4>{def.paper_size, def.paper_type, def.where, def.lbl_rpt}), (std::array<int, 4>{}));
 }
 
 TEST_P(LoadDefinitionTest, MissingNumberKeepsThePreviousDefinition) {
@@ -103,15 +85,11 @@ TEST_P(LoadDefinitionTest, WorkstationFileOverridesPrinterButNeverRightAndBottom
   ASSERT_TRUE(LoadReportDefinition(*context_, 18));
   const entry::ReportDefinition& def = context_->current;
   EXPECT_EQ(def.device_name, "Office");
-  EXPECT_EQ(def.paper_size, 9);
-  EXPECT_EQ(def.paper_bin, 7);
-  EXPECT_EQ(def.margin_left, 300);
-  EXPECT_EQ(def.orientation, 1);
+  EXPECT_EQ((std::array<int, 3>{def.paper_size, def.paper_bin, def.orientation}), (std::array{9, 7, 1}));
   // Stored zeros do not override.
   EXPECT_EQ(def.paper_type, 1);
-  EXPECT_EQ(def.margin_top, 80);
-  EXPECT_EQ(def.margin_right, 60);
-  EXPECT_EQ(def.margin_bottom, 40);
+  EXPECT_EQ((std::array{def.margin_left, def.margin_top, def.margin_right, def.margin_bottom}),
+            (std::array<std::int32_t, 4>{300, 80, 60, 40}));
 }
 
 TEST_P(LoadDefinitionTest, RenamedReportOrphansItsOverrides) {

@@ -102,7 +102,6 @@ TEST_P(CalcChumonTTest, EveryRoundingKind) {
       {1, {{1000, 800, 0}, {1995, 841, 0}, {180, 62, 0}}},
       {2, {{1000, 800, 0}, {1996, 841, 0}, {182, 63, 0}}},
       {3, {{1000, 800, 0}, {1835, 801, 0}, {0, 0, 0}}},
-      {-1, {{1000, 800, 0}, {1835, 801, 0}, {0, 0, 0}}},
   };
   int id = 10;
   for (const Case& c : cases) {
@@ -140,12 +139,6 @@ TEST_P(CalcChumonTTest, SlotRules) {
        order({.id = 24, .points_8 = 1000, .lines = {{"100", "1", "2"}}}),
        // -900 × 8 / 108 = -66.67, rounded away from zero; slot 1 was never touched
        {{0, 800, 0}, {0, -900, 0}, {0, -67, 0}}},
-      {"points_beyond_goods_cut_towards_zero",
-       order({.id = 25, .points_8 = 1000, .tax_calkbn = 1, .lines = {{"100", "1", "2"}}}),
-       {{0, 800, 0}, {0, -900, 0}, {0, -66, 0}}},
-      {"postage_alone_shows_the_slot_rate",
-       order({.id = 31, .postage = 600, .lines = {{"1080", "1", "2"}}}),
-       {{1000, 800, 0}, {660, 1080, 0}, {60, 80, 0}}},
       {"order_without_lines",
        order({.id = 26, .postage = 600}),
        {{1000, 0, 0}, {660, 0, 0}, {60, 0, 0}}},

@@ -14,79 +14,61 @@ struct TextCase {
   std::string expected;
 };
 
-class KansujiToDigitsTest : public ::testing::TestWithParam<TextCase> {};
-
-TEST_P(KansujiToDigitsTest, ReadsTheNumber) {
-  EXPECT_EQ(KansujiToDigits(GetParam().input), GetParam().expected) << GetParam().input;
+TEST(Kansuji, ToDigitsReadsTheNumber) {
+  const TextCase cases[] = {
+      {"廿三", "23"}, {"壱萬弐千", "12000"}, {"一億", "100000000"}, {"", "0"}, {"十", "10"},
+      {"千五", "1005"}, {"零", "0"}, {"百十一", "111"}, {"参阡陌拾", "3110"},
+      {"四千三百二十一万五千六百七十八", "43215678"}, {"一兆二億", "1000200000000"},
+      {"九千九百九十九兆", "9999000000000000"}, {"一億五", "100000005"}, {"一千零五", "1005"},
+  };
+  for (const TextCase& c : cases) EXPECT_EQ(KansujiToDigits(c.input), c.expected) << c.input;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Numbers, KansujiToDigitsTest,
-    ::testing::Values(TextCase{"廿三", "23"}, TextCase{"壱萬弐千", "12000"}, TextCase{"一億", "100000000"},
-                      TextCase{"", "0"}, TextCase{"二十一", "21"}, TextCase{"十", "10"},
-                      TextCase{"千五", "1005"}, TextCase{"零", "0"}, TextCase{"三", "3"},
-                      TextCase{"百十一", "111"}, TextCase{"卅", "30"}, TextCase{"参阡陌拾", "3110"},
-                      TextCase{"四千三百二十一万五千六百七十八", "43215678"},
-                      TextCase{"一兆二億", "1000200000000"}, TextCase{"九千九百九十九兆", "9999000000000000"},
-                      TextCase{"一億五", "100000005"}, TextCase{"二万", "20000"},
-                      TextCase{"一千零五", "1005"}));
-
-class NormalizeDaijiTest : public ::testing::TestWithParam<TextCase> {};
-
-TEST_P(NormalizeDaijiTest, ReplacesFormalNumerals) {
-  std::string text = GetParam().input;
-  NormalizeDaiji(text);
-  EXPECT_EQ(text, GetParam().expected);
+TEST(Kansuji, NormalizeDaijiReplacesFormalNumerals) {
+  const TextCase cases[] = {
+      {"壱萬弐千", "一万二千"}, {"廿三", "二十三"}, {"卅", "三十"},
+      {"仟阡佰陌拾玖捌漆陸伍肆参參弐貳弍壱壹弌", "千千百百十九八七六五四三三二二二一一一"},
+      {"東京都千代田区参番町", "東京都千代田区三番町"}, {"ABC 123", "ABC 123"},
+  };
+  for (const TextCase& c : cases) {
+    std::string text = c.input;
+    NormalizeDaiji(text);
+    EXPECT_EQ(text, c.expected) << c.input;
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Forms, NormalizeDaijiTest,
-    ::testing::Values(TextCase{"壱萬弐千", "一万二千"}, TextCase{"廿三", "二十三"}, TextCase{"卅", "三十"},
-                      TextCase{"仟阡佰陌拾", "千千百百十"}, TextCase{"玖捌漆陸伍肆", "九八七六五四"},
-                      TextCase{"参參弐貳弍壱壹弌", "三三二二二一一一"},
-                      TextCase{"東京都千代田区参番町", "東京都千代田区三番町"}, TextCase{"", ""},
-                      TextCase{"ABC 123", "ABC 123"}));
-
-struct CharCase {
-  std::string ch;
-  std::string next;
-  bool expected;
-};
-
-class IsKansujiCharTest : public ::testing::TestWithParam<CharCase> {};
-
-TEST_P(IsKansujiCharTest, Classifies) {
-  EXPECT_EQ(IsKansujiChar(GetParam().ch, GetParam().next), GetParam().expected)
-      << GetParam().ch << " before " << GetParam().next;
+TEST(Kansuji, IsKansujiCharClassifies) {
+  struct Case {
+    std::string ch, next;
+    bool expected;
+  };
+  const Case cases[] = {
+      {"一", "", true}, {"九", "丁", true}, {"零", "", true}, {"十", "", true}, {"兆", "", true},
+      {"萬", "", true}, {"廿", "", true}, {"弌", "", true},
+      // A zero sign counts only when a numeral follows it.
+      {"〇", "三", true}, {"０", "五", true}, {"〇", "〇", true}, {"〇", "", false}, {"〇", "丁", false},
+      {"０", "A", false}, {"丁", "一", false}, {"1", "", false}, {"", "一", false},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(IsKansujiChar(c.ch, c.next), c.expected) << c.ch << " before " << c.next;
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Chars, IsKansujiCharTest,
-    ::testing::Values(CharCase{"一", "", true}, CharCase{"九", "丁", true}, CharCase{"零", "", true},
-                      CharCase{"十", "", true}, CharCase{"兆", "", true}, CharCase{"億", "", true},
-                      CharCase{"萬", "", true}, CharCase{"廿", "", true}, CharCase{"弌", "", true},
-                      CharCase{"〇", "三", true}, CharCase{"０", "五", true}, CharCase{"〇", "〇", true},
-                      CharCase{"〇", "", false}, CharCase{"〇", "丁", false}, CharCase{"０", "A", false},
-                      CharCase{"丁", "一", false}, CharCase{"1", "", false}, CharCase{"", "一", false}));
-
-class FillPositionalTest : public ::testing::TestWithParam<TextCase> {};
-
-TEST_P(FillPositionalTest, GivesUnits) {
-  std::string text = GetParam().input;
-  FillPositional(text);
-  EXPECT_EQ(text, GetParam().expected);
+TEST(Kansuji, FillPositionalGivesUnits) {
+  const TextCase cases[] = {
+      {"二〇三", "二百三"}, {"一〇", "一十"}, {"一〇〇〇〇", "一万"}, {"青葉台二〇三号", "青葉台二百三号"},
+      {"一〇丁目二〇三", "一十丁目二百三"},
+      // No zero sign: not a positional number, left alone.
+      {"二三", "二三"},
+      // A lone or all-zero run already reads as 0.
+      {"〇", "〇"}, {"〇〇", "〇〇"},
+  };
+  for (const TextCase& c : cases) {
+    std::string text = c.input;
+    FillPositional(text);
+    EXPECT_EQ(text, c.expected) << c.input;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Runs, FillPositionalTest,
-    ::testing::Values(TextCase{"二〇三", "二百三"}, TextCase{"二〇二四", "二千二十四"},
-                      TextCase{"一〇", "一十"}, TextCase{"一〇〇〇〇", "一万"},
-                      TextCase{"三０五", "三百五"}, TextCase{"青葉台二〇三号", "青葉台二百三号"},
-                      TextCase{"一〇丁目二〇三", "一十丁目二百三"},
-                      // No zero sign: not a positional number, left alone.
-                      TextCase{"二三", "二三"}, TextCase{"二十三", "二十三"},
-                      // A lone or all-zero run already reads as 0.
-                      TextCase{"〇", "〇"}, TextCase{"〇〇", "〇〇"}, TextCase{"", ""}));
 
 std::string Positional(const std::string& digits, const std::string& zero_sign) {
   static const char* const kDigit[] = {"", "一", "二", "三", "四", "五", "六", "七", "八", "九"};
@@ -96,7 +78,7 @@ std::string Positional(const std::string& digits, const std::string& zero_sign) 
 }
 
 // Every number with a zero digit, written digit by digit, reads back as itself.
-TEST(FillPositionalRoundTrip, ReadsBackAsTheSameNumber) {
+TEST(Kansuji, FillPositionalReadsBackAsTheSameNumber) {
   std::vector<std::string> numbers;
   for (long n = 10; n <= 120000; ++n) numbers.push_back(std::to_string(n));
   for (const char* big : {"100000000", "1000000000000", "2024000000301", "9090909090909090",
