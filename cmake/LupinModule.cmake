@@ -45,7 +45,8 @@ function(lupin_add_test name)
     LUPIN_SOURCE_DIR="${PROJECT_SOURCE_DIR}" LUPIN_GOLDEN_DIR="${PROJECT_SOURCE_DIR}/tests/golden")
   lupin_apply_options(lupin_${name}_tests)
   add_test(NAME ${name} COMMAND lupin_${name}_tests --gtest_brief=1)
-  set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 1200)
+  set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 1200
+    ENVIRONMENT "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp")
 endfunction()
 
 function(lupin_add_bench name)

@@ -80,7 +80,7 @@ TableDef Chumon() {
         .Col("商品カラー" + s, T::Text)
         .Col("商品サイズ" + s, T::Text)
         .Col("単価" + s, T::Money)
-        .Col("注文数量" + s, T::Integer)
+        .Col("注文数量" + s, T::Real)
         .Col("小計" + s, T::Money)
         .Col("消費税区分" + s, T::Integer);
   }
