@@ -140,6 +140,21 @@ TEST_P(PreviewRun, PagesThatCannotGoOutLeaveTheBookkeepingStanding) {
   }
 }
 
+TEST_P(PreviewRun, WaybillNumbersStayWhenThePrinterIsUnreachable) {
+  Db().Execute("UPDATE [CHUMON] SET [出荷伝票番号] = ''");
+  options.report = 25;
+  options.id.reset();
+  options.denno = "1234-5678-9019";
+  options.outputs = {.print = true};
+  testing::UseCupsServer("127.0.0.1:9");
+  EXPECT_EQ(Run(), 1);
+  EXPECT_NE(err.str().find("既定のプリンタに印刷できません: "), std::string::npos) << err.str();
+  const long staged = Count(Db(), "FROM [WK_PRINT] WHERE [CLIENT_NAME] = 'PC01'");
+  ASSERT_GT(staged, 0) << "the demo data has Yamato orders";
+  EXPECT_EQ(Ledger(25), staged);
+  EXPECT_EQ(Count(Db(), "FROM [CHUMON] WHERE [出荷伝票番号] <> '' AND [ID] IN (SELECT [ID] FROM [WK_PRINT])"), staged);
+}
+
 TEST_P(PreviewRun, AnOutputThatCouldNeverBeSavedStopsBeforeAnythingIsWritten) {
   const std::string missing = (File("missing") / "out.pdf").string();
   for (const PreviewOutputs& outputs : {PreviewOutputs{.pdf = missing}, PreviewOutputs{.dump = missing},
