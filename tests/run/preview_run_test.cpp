@@ -28,9 +28,15 @@ nlohmann::json WithoutPrintDate(nlohmann::json dump) {
   return dump;
 }
 
-TEST_P(PreviewRun, PickingListBecomesAValidPdfAndBooksNothing) {
+TEST_P(PreviewRun, PickingListBecomesAValidPdfAndPageImagesAndBooksNothing) {
   options.outputs.pdf = File("picking.pdf").string();
+  options.outputs.png_dir = File("pages").string();
   ASSERT_EQ(Run(), 0) << err.str();
+  for (int page = 1; page <= 5; ++page) {
+    const auto image = File("pages") / ("page-000" + std::to_string(page) + ".png");
+    EXPECT_EQ(ReadAll(image).substr(0, 4), "\x89PNG") << image;
+  }
+  EXPECT_FALSE(std::filesystem::exists(File("pages") / "page-0006.png"));
   const auto check = RunCommand("qpdf --check " + Quoted(File("picking.pdf")));
   EXPECT_EQ(check.status, 0) << check.output;
   EXPECT_NE(RunCommand("pdftotext " + Quoted(File("picking.pdf")) + " -").output.find("ピッキングリスト"),
