@@ -6,6 +6,8 @@ lupinprint=$1
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 fail() { echo "FAILED: $*" >&2; exit 1; }
+# Never touch the real settings of the machine or the user.
+export XDG_CONFIG_HOME="$work/xdg" LUPIN_MACHINE_INI="$work/xdg/machine.ini"
 
 # SQLite: init, then read back with sqlite3.
 db="$work/demo.db"
@@ -22,7 +24,7 @@ grep -q "ヤマト宅配伝票" <<<"$listing" || fail "catalogue listing"
 
 # The order-tax service rewrites CHUMON_T of one order.
 sqlite3 "$db" 'DELETE FROM CHUMON_T WHERE ID = 5'
-"$lupinprint" tax --db "sqlite:$db" --id 5 >/dev/null
+"$lupinprint" tax --db "sqlite:$db" --id 5 --settings "$work/settings" >/dev/null
 [ "$(sqlite3 "$db" 'SELECT COUNT(*) FROM CHUMON_T WHERE ID = 5')" = 1 ] || fail "tax did not write CHUMON_T"
 
 # A file report: e-飛伝III for three Sagawa orders of the list, then the ledger under 91.
