@@ -18,47 +18,33 @@ struct BarcodeCase {
   std::string expected;
 };
 
-class MakeCustomerBarcodeTest : public ::testing::TestWithParam<BarcodeCase> {};
-
-TEST_P(MakeCustomerBarcodeTest, GivesPostcodeAndHouseNumber) {
-  const auto& c = GetParam();
-  EXPECT_EQ(MakeCustomerBarcode(c.zip, c.address), c.expected);
+TEST(MakeCustomerBarcode, GivesPostcodeAndHouseNumber) {
+  const BarcodeCase cases[] = {
+      {"TownBeforeTheBlankDropped", "100-0001", "東京都千代田区千代田 一丁目１－１", "10000011-1-1"},
+      // Without a blank the town names become hyphens, and the leading one goes.
+      {"NoBlankReducedWhole", "100-0001", "東京都千代田区千代田一丁目１－１", "10000011-1-1"},
+      {"FullWidthRoomNumber", "100-0001", "中央 ２０２号", "1000001202"},
+      {"LoneTenIsNoDigit", "100-0001", "中央 十和田3", "10000013"},
+      {"LettersOfAWordVanish", "100-0001", "中央 ＡＢ棟", "1000001"},
+      {"SingleLetterKept", "100-0001", "中央 Ａ棟３０１", "1000001A301"},
+      {"FloorMarkDropped", "100-0001", "中央 1-2-3 3F", "10000011-2-3-3"},
+      {"LowerCaseLetter", "150-0001", "神宮前 5-52-2 b棟", "15000015-52-2B"},
+      {"SymbolsJoinDigits", "150-0001", "神宮前 1/2.3&4", "15000011234"},
+      {"LongVowelMarkBeforeDigit", "100-0001", "千代田 1ー2", "10000011-2"},
+      // Thirteen places: the field stops at 20 characters.
+      {"UnitLimit", "100-0001", "千代田 1-2-3-4-5-6-7-8", "10000011-2-3-4-5-6-7"},
+      {"FullWidthDigitsHalfHyphen", "１００-０００１", "千代田 1-1", "10000011-1"},
+      {"EmptyAddress", "100-0001", "", "1000001"},
+      {"UmedaBuildingFloor", "530-0001", "大阪府大阪市北区梅田 三丁目１番３号 ＡＢＣビル１２Ｆ", "53000013-1-3-12"},
+      // The first blank follows the house number: only the floor is left to tell.
+      {"BlankAfterTheHouseNumber", "150-0002", "東京都渋谷区渋谷２－２１－１　渋谷ヒカリエ３４階", "150000234"},
+      {"HakataTensAndUnits", "812-0011", "福岡県福岡市博多区博多駅前 二丁目十九番二十四号", "81200112-19-24"},
+      {"BuildingLetterJoined", "460-0008", "愛知県名古屋市中区栄 3-5-1 B棟-201", "46000083-5-1B201"},
+      {"IwateChiwari", "028-7111", "岩手県八幡平市 第二地割１５０", "02871112-150"},
+      {"KanjiZeroInRoom", "810-0001", "福岡県福岡市中央区天神 一丁目一番一号 一〇二号室", "81000011-1-1-102"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(MakeCustomerBarcode(c.zip, c.address), c.expected) << c.name;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Rules, MakeCustomerBarcodeTest,
-    ::testing::Values(
-        BarcodeCase{"TownBeforeTheBlankDropped", "100-0001", "東京都千代田区千代田 一丁目１－１", "10000011-1-1"},
-        // Without a blank the town names become hyphens, and the leading one goes.
-        BarcodeCase{"NoBlankReducedWhole", "100-0001", "東京都千代田区千代田一丁目１－１", "10000011-1-1"},
-        BarcodeCase{"FullWidthRoomNumber", "100-0001", "中央 ２０２号", "1000001202"},
-        BarcodeCase{"LoneTenIsNoDigit", "100-0001", "中央 十和田3", "10000013"},
-        BarcodeCase{"LettersOfAWordVanish", "100-0001", "中央 ＡＢ棟", "1000001"},
-        BarcodeCase{"SingleLetterKept", "100-0001", "中央 Ａ棟３０１", "1000001A301"},
-        BarcodeCase{"FloorMarkDropped", "100-0001", "中央 1-2-3 3F", "10000011-2-3-3"},
-        BarcodeCase{"LowerCaseLetter", "150-0001", "神宮前 5-52-2 b棟", "15000015-52-2B"},
-        BarcodeCase{"SymbolsJoinDigits", "150-0001", "神宮前 1/2.3&4", "15000011234"},
-        BarcodeCase{"LongVowelMarkBeforeDigit", "100-0001", "千代田 1ー2", "10000011-2"},
-        // Thirteen places: the field stops at 20 characters.
-        BarcodeCase{"UnitLimit", "100-0001", "千代田 1-2-3-4-5-6-7-8", "10000011-2-3-4-5-6-7"},
-        BarcodeCase{"FullWidthDigitsHalfHyphen", "１００-０００１", "千代田 1-1", "10000011-1"},
-        BarcodeCase{"EmptyAddress", "100-0001", "", "1000001"}),
-    [](const auto& test) { return std::string(test.param.name); });
-
-INSTANTIATE_TEST_SUITE_P(
-    RealAddresses, MakeCustomerBarcodeTest,
-    ::testing::Values(
-        BarcodeCase{"UmedaBuildingFloor", "530-0001", "大阪府大阪市北区梅田 三丁目１番３号 ＡＢＣビル１２Ｆ", "53000013-1-3-12"},
-        // The first blank follows the house number: only the floor is left to tell.
-        BarcodeCase{"BlankAfterTheHouseNumber", "150-0002", "東京都渋谷区渋谷２－２１－１　渋谷ヒカリエ３４階", "150000234"},
-        BarcodeCase{"SendaiAllKanji", "980-0811", "宮城県仙台市青葉区一番町 四丁目六番一号", "98008114-6-1"},
-        BarcodeCase{"KyotoStreetAndFloor", "604-8101", "京都府京都市中京区柳馬場通御池下る 柳八幡町６５番地 京都朝日ビル５Ｆ",
-                    "604810165-5"},
-        BarcodeCase{"HakataTensAndUnits", "812-0011", "福岡県福岡市博多区博多駅前 二丁目十九番二十四号", "81200112-19-24"},
-        BarcodeCase{"BuildingLetterJoined", "460-0008", "愛知県名古屋市中区栄 3-5-1 B棟-201", "46000083-5-1B201"},
-        BarcodeCase{"IwateChiwari", "028-7111", "岩手県八幡平市 第二地割１５０", "02871112-150"},
-        BarcodeCase{"KanjiZeroInRoom", "810-0001", "福岡県福岡市中央区天神 一丁目一番一号 一〇二号室", "81000011-1-1-102"}),
-    [](const auto& test) { return std::string(test.param.name); });
 
 TEST(MakeCustomerBarcode, NonNumericPostcodeGivesNoBarcode) {
   for (const char* zip : {"", "ABC-1234", "１００－０００１", "100-00-01", "〒100-0001"}) {
@@ -94,49 +80,40 @@ struct StepCase {
   std::string expected;
 };
 
-class ConvertKanjiNumeralsTest : public ::testing::TestWithParam<StepCase> {};
-
-TEST_P(ConvertKanjiNumeralsTest, TurnsNumeralsBeforeAddressWordsIntoDigits) {
-  EXPECT_EQ(ConvertKanjiNumerals(GetParam().in), GetParam().expected);
+TEST(ConvertKanjiNumerals, TurnsNumeralsBeforeAddressWordsIntoDigits) {
+  const StepCase cases[] = {
+      {"RunAtTheStart", "三丁目五番地", "3丁目5番地"},
+      {"TensAndUnits", "二十一番地", "21番地"},
+      {"PositionalZero", "二〇三号", "203号"},
+      // 千 of 千代田 is a numeral too, but 田 ends the run.
+      {"RunStopsAtAWord", "千代田一丁目", "千代田1丁目"},
+      {"SecondOccurrence", "一丁目二丁目", "1丁目2丁目"},
+      {"ChiwariAndSen", "第三地割五線", "第3地割5線"},
+      {"LoneZeroSignIsNoNumeral", "〇号", "〇号"},
+      {"NumeralWithoutWordStays", "一の二", "1の二"},
+      // A word as the first character has nothing before it; the search moves past it.
+      {"WordAtTheVeryStart", "丁目三番", "丁目3番"},
+      {"WordAtTheStartThenRuns", "の一の二", "の1の二"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(ConvertKanjiNumerals(c.in), c.expected) << c.name;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, ConvertKanjiNumeralsTest,
-    ::testing::Values(
-        StepCase{"RunAtTheStart", "三丁目五番地", "3丁目5番地"},
-        StepCase{"TensAndUnits", "二十一番地", "21番地"},
-        StepCase{"PositionalZero", "二〇三号", "203号"},
-        // 千 of 千代田 is a numeral too, but 田 ends the run.
-        StepCase{"RunStopsAtAWord", "千代田一丁目", "千代田1丁目"},
-        StepCase{"SecondOccurrence", "一丁目二丁目", "1丁目2丁目"},
-        StepCase{"ChiwariAndSen", "第三地割五線", "第3地割5線"},
-        StepCase{"LoneZeroSignIsNoNumeral", "〇号", "〇号"},
-        StepCase{"NumeralWithoutWordStays", "一の二", "1の二"},
-        // A word as the first character has nothing before it; the search moves past it.
-        StepCase{"WordAtTheVeryStart", "丁目三番", "丁目3番"},
-        StepCase{"WordAtTheStartThenRuns", "の一の二", "の1の二"},
-        StepCase{"Empty", "", ""}),
-    [](const auto& test) { return std::string(test.param.name); });
-
-class ReduceToDigitsTest : public ::testing::TestWithParam<StepCase> {};
-
-TEST_P(ReduceToDigitsTest, KeepsWhatTheBarcodeCanSay) { EXPECT_EQ(ReduceToDigits(GetParam().in), GetParam().expected); }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, ReduceToDigitsTest,
-    ::testing::Values(
-        StepCase{"KanjiZero", "1〇5", "105"},
-        StepCase{"OneHyphenPerRunOfDropped", "1丁目2番地3", "1-2-3"},
-        StepCase{"OnlyOneTrailingHyphenDropped", "12 ", "12"},
-        StepCase{"ExplicitHyphensStay", "1--", "1-"},
-        StepCase{"LeadingHyphenStays", "町1", "-1"},
-        StepCase{"LongVowelBeforeKanjiZero", "1ー〇", "1-0"},
-        StepCase{"LongVowelBeforeLetter", "1ーA", "1-A"},
-        StepCase{"WordOfLetters", "AB1", "-1"},
-        StepCase{"FloorMarkAfterFullWidthDigit", "３F", "3"},
-        StepCase{"OtherLetterAfterDigit", "3B", "3B"},
-        StepCase{"Nothing", "ビル", ""}),
-    [](const auto& test) { return std::string(test.param.name); });
+TEST(ReduceToDigits, KeepsWhatTheBarcodeCanSay) {
+  const StepCase cases[] = {
+      {"KanjiZero", "1〇5", "105"},
+      {"OneHyphenPerRunOfDropped", "1丁目2番地3", "1-2-3"},
+      {"OnlyOneTrailingHyphenDropped", "12 ", "12"},
+      {"ExplicitHyphensStay", "1--", "1-"},
+      {"LeadingHyphenStays", "町1", "-1"},
+      {"LongVowelBeforeKanjiZero", "1ー〇", "1-0"},
+      {"LongVowelBeforeLetter", "1ーA", "1-A"},
+      {"WordOfLetters", "AB1", "-1"},
+      {"FloorMarkAfterFullWidthDigit", "３F", "3"},
+      {"OtherLetterAfterDigit", "3B", "3B"},
+      {"Nothing", "ビル", ""},
+  };
+  for (const auto& c : cases) EXPECT_EQ(ReduceToDigits(c.in), c.expected) << c.name;
+}
 
 TEST(CustomerBarcodeSteps, NormalizeLatinRemoveSymbolsCollapseAndTrim) {
   const struct {

@@ -102,14 +102,6 @@ bool StartsUnbreakable(const std::string& line) {
   return (c >= U'0' && c <= U'9') || (c >= U'A' && c <= U'Z') || (c >= U'a' && c <= U'z');
 }
 
-TEST_F(DemoTexts, CoverEveryPrefecture) {
-  for (const auto& prefecture : entry::demo::kPrefectures) {
-    bool found = false;
-    for (const std::string& address : *addresses_) found = found || address.starts_with(prefecture.name);
-    EXPECT_TRUE(found) << prefecture.name;
-  }
-}
-
 TEST_F(DemoTexts, AddressesKeepEveryCharacterAndFitTheBoxes) {
   ASSERT_GT(addresses_->size(), 200u);
   for (const Box& box : kAddressBoxes) {
