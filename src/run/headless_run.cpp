@@ -6,6 +6,7 @@
 #include <ostream>
 #include <set>
 
+#include "common/files.h"
 #include "common/grid.h"
 #include "entry/catalogue.h"
 #include "entry/context.h"
@@ -354,6 +355,8 @@ int RunHeadless(const RunOptions& o, std::ostream& out, std::ostream& err, Previ
   entry::Context ctx(connection.get(), stores, o.home.empty() ? std::filesystem::current_path() : std::filesystem::path(o.home));
   ctx.command = o.command;
   ctx.login = {o.login_user, o.login_number, o.client_name};
+  // As the entry object's Show does: slips and files name their goods from hinmei.txt.
+  ctx.default_item_name = files::ReadFirstLine(ctx.home / "hinmei.txt");
   for (const auto& [key, value] : o.settings) ctx.settings.SaveSetting(0, value, key);
 
   StreamUi ui(err);

@@ -32,11 +32,14 @@ out="$work/ehiden.csv"
 ids=$(sqlite3 "$db" "SELECT ID FROM CHUMON WHERE 宅配業者 LIKE '%佐川%' AND 電話番号 <> '' AND 住所 <> ''
   AND IFNULL(贈答先氏名, '') = '' ORDER BY ID LIMIT 3" | paste -sd, -)
 [ -n "$ids" ] || fail "no Sagawa orders in the demo data"
+printf '雑貨類\r\n' > "$work/home/hinmei.txt"   # every parcel's item name
 "$lupinprint" run --db "sqlite:$db" --login 山田,1,PC01 --report 104 --home "$work/home" \
   --settings "$work/settings" --set "EHidenPath=$out" --clear-criteria --only "$ids" --quiet
 [ -s "$out" ] || fail "e-飛伝 file missing"
 [ "$(wc -l < "$out")" = 4 ] || fail "e-飛伝 file should hold a header and three lines"
-head -c 300 "$out" | iconv -f CP932 -t UTF-8 | grep -q "お届け先" || fail "e-飛伝 header"
+text=$(iconv -f CP932 -t UTF-8 < "$out")
+grep -q "お届け先" <<<"$text" || fail "e-飛伝 header"
+[ "$(grep -c '"雑貨類"' <<<"$text")" = 3 ] || fail "hinmei.txt did not name the goods"
 [ "$(sqlite3 "$db" 'SELECT COUNT(*) FROM PRINTED WHERE REPORT_NO = 91')" = 3 ] || fail "ledger under 91"
 
 # The selection statement of a page report.
