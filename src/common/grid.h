@@ -1,6 +1,6 @@
 #pragma once
 // The spreadsheet grid model: what the print list shows and what the file writers read.
-// Rows and columns are 1-based as vaSpread had them; row 0 holds the column captions and
+// Rows and columns are 1-based as the old grid control had them; row 0 holds the column captions and
 // column 0 the row headers. Cells hold text; a check-box cell holds "1" or "0".
 #include <string>
 #include <string_view>
