@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "common/combo.h"
 
 namespace lupin::common {
@@ -15,41 +17,25 @@ ComboModel Payments() {
   return combo;
 }
 
-struct TextCase {
-  const char* text;
-  int expected;
-};
-
-class ComboByTextTest : public ::testing::TestWithParam<TextCase> {};
-
-TEST_P(ComboByTextTest, SelectsFirstMatchIgnoringCase) {
-  ComboModel combo = Payments();
-  SelectComboByText(combo, GetParam().text);
-  EXPECT_EQ(combo.list_index, GetParam().expected);
+TEST(SelectComboByText, SelectsFirstMatchIgnoringCaseAndWidth) {
+  const std::pair<const char*, int> cases[] = {{"代金引換", 0}, {"BANK TRANSFER", 1}, {"bank transfer", 1},
+                                               {"ｃｏｄ", 3},    {"bank", -1},          {"", -1},
+                                               {"代金引換 ", -1}};
+  for (const auto& [text, expected] : cases) {
+    ComboModel combo = Payments();
+    SelectComboByText(combo, text);
+    EXPECT_EQ(combo.list_index, expected) << text;
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, ComboByTextTest,
-                         ::testing::Values(TextCase{"代金引換", 0}, TextCase{"BANK TRANSFER", 1},
-                                           TextCase{"bank transfer", 1}, TextCase{"ｃｏｄ", 3},
-                                           TextCase{"bank", -1}, TextCase{"", -1},
-                                           TextCase{"代金引換 ", -1}));
-
-struct DataCase {
-  std::int16_t value;
-  int expected;
-};
-
-class ComboByDataTest : public ::testing::TestWithParam<DataCase> {};
-
-TEST_P(ComboByDataTest, SelectsByItemData) {
-  ComboModel combo = Payments();
-  SelectComboByData(combo, GetParam().value);
-  EXPECT_EQ(combo.list_index, GetParam().expected);
+TEST(SelectComboByData, SelectsByItemData) {
+  const std::pair<std::int16_t, int> cases[] = {{3, 0}, {2, 2}, {-5, 3}, {0, -1}, {99, -1}};
+  for (const auto& [value, expected] : cases) {
+    ComboModel combo = Payments();
+    SelectComboByData(combo, value);
+    EXPECT_EQ(combo.list_index, expected) << value;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, ComboByDataTest,
-                         ::testing::Values(DataCase{3, 0}, DataCase{2, 2}, DataCase{-5, 3}, DataCase{0, -1},
-                                           DataCase{99, -1}));
 
 }  // namespace
 }  // namespace lupin::common

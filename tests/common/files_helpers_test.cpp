@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <utility>
 
 #include "common/files.h"
 
@@ -12,26 +13,20 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct SplitCase {
-  const char* path;
-  const char* name;
-  const char* folder;
-};
-
-class SplitTest : public ::testing::TestWithParam<SplitCase> {};
-
-TEST_P(SplitTest, AtLastSeparatorOfEitherKind) {
-  EXPECT_EQ(FileNameOf(GetParam().path), GetParam().name);
-  EXPECT_EQ(FolderOf(GetParam().path), GetParam().folder);
+TEST(FileNameAndFolder, SplitAtLastSeparatorOfEitherKind) {
+  const struct {
+    const char *path, *name, *folder;
+  } cases[] = {
+      {"C:\\Lupin\\REPORT.INI", "REPORT.INI", "C:\\Lupin"}, {"/home/u/form_01.lprf", "form_01.lprf", "/home/u"},
+      {"C:\\a/b\\c.txt", "c.txt", "C:\\a/b"},               {"plain.txt", "plain.txt", ""},
+      {"folder/", "", "folder"},                                {"", "", ""},
+      {"出力\\ヤマト.csv", "ヤマト.csv", "出力"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(FileNameOf(c.path), c.name) << c.path;
+    EXPECT_EQ(FolderOf(c.path), c.folder) << c.path;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, SplitTest,
-                         ::testing::Values(SplitCase{"C:\\Lupin\\REPORT.INI", "REPORT.INI", "C:\\Lupin"},
-                                           SplitCase{"/home/u/form_01.lprf", "form_01.lprf", "/home/u"},
-                                           SplitCase{"C:\\a/b\\c.txt", "c.txt", "C:\\a/b"},
-                                           SplitCase{"plain.txt", "plain.txt", ""},
-                                           SplitCase{"folder/", "", "folder"}, SplitCase{"", "", ""},
-                                           SplitCase{"出力\\ヤマト.csv", "ヤマト.csv", "出力"}));
 
 class FileTest : public ::testing::Test {
  protected:
@@ -91,29 +86,18 @@ TEST_F(FileTest, ReplaceInMissingFolderFails) {
   EXPECT_NE(error.find("out.csv"), std::string::npos);
 }
 
-struct FirstLineCase {
-  const char* label;
-  std::string content;
-  std::string expected;
-};
-
-class FirstLineTest : public FileTest, public ::testing::WithParamInterface<FirstLineCase> {};
-
-TEST_P(FirstLineTest, ReadsOneLine) {
+TEST_F(FileTest, FirstLineReadsOneLine) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"雑貨", "雑貨"}, {"健康食品\r\n二行目\r\n", "健康食品"}, {"\xEF\xBB\xBF" "衣料品\n", "衣料品"},
+      {"\x8C\x92\x8D\x4E\x90\x48\x95\x69\r\n", "健康食品"},  // 健康食品 in CP932
+      {"\xB6\xC0\xDB\xB8\n", "ｶﾀﾛｸ"},
+  };
   const fs::path file = folder_ / "hinmei.txt";
-  Put(file, GetParam().content);
-  EXPECT_EQ(ReadFirstLine(file), GetParam().expected);
+  for (const auto& [content, expected] : cases) {
+    Put(file, content);
+    EXPECT_EQ(ReadFirstLine(file), expected) << expected;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FirstLineTest,
-    ::testing::Values(FirstLineCase{"no_newline", "雑貨", "雑貨"},
-                      FirstLineCase{"crlf", "健康食品\r\n二行目\r\n", "健康食品"},
-                      FirstLineCase{"bom", "\xEF\xBB\xBF" "衣料品\n", "衣料品"},
-                      // 健康食品 in CP932
-                      FirstLineCase{"cp932", "\x8C\x92\x8D\x4E\x90\x48\x95\x69\r\n", "健康食品"},
-                      FirstLineCase{"cp932_katakana", "\xB6\xC0\xDB\xB8\n", "ｶﾀﾛｸ"}),
-    [](const auto& p) { return std::string(p.param.label); });
 
 TEST_F(FileTest, FirstLineOfMissingFileIsEmpty) { EXPECT_EQ(ReadFirstLine(folder_ / "none.txt"), ""); }
 

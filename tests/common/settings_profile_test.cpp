@@ -22,6 +22,7 @@ class ProfileTest : public ::testing::Test {
     fs::create_directories(folder_);
     file_ = folder_ / "test.ini";
   }
+  void Remove() { fs::remove(file_); }
   void TearDown() override { fs::remove_all(folder_); }
 
   void Put(const std::string& content) { std::ofstream(file_, std::ios::binary) << content; }
@@ -34,42 +35,32 @@ class ProfileTest : public ::testing::Test {
   fs::path file_;
 };
 
-struct ReadCase {
-  const char* label;
-  const char* content;
-  const char* section;
-  const char* key;
-  const char* expected;
-};
-
-class ProfileReadTest : public ProfileTest, public ::testing::WithParamInterface<ReadCase> {};
-
-TEST_P(ProfileReadTest, FindsValueAsTheOldCallDid) {
-  Put(GetParam().content);
-  EXPECT_EQ(ReadProfileString(file_, GetParam().section, GetParam().key, "DEF"), GetParam().expected);
+TEST_F(ProfileTest, ReadFindsTheValueAsTheOldCallDid) {
+  const struct {
+    const char *label, *content, *section, *key, *expected;
+  } cases[] = {
+      {"plain", "[LupinOrder6]\nTax=0.08\n", "LupinOrder6", "Tax", "0.08"},
+      {"section_case", "[lupinorder6]\nTax=0.08\n", "LUPINORDER6", "Tax", "0.08"},
+      {"key_case", "[S]\nDBPath=C:\\db\n", "S", "dbpath", "C:\\db"},
+      {"blanks_trimmed", "[S]\n  Tax   =   0.1  \n", "S", "Tax", "0.1"},
+      {"crlf", "[S]\r\nTax=0.1\r\nX=2\r\n", "S", "Tax", "0.1"},
+      {"empty_value_is_not_default", "[S]\nTax=\n", "S", "Tax", ""},
+      {"missing_key", "[S]\nOther=1\n", "S", "Tax", "DEF"},
+      {"next_section_ends_search", "[S]\nA=1\n[T]\nTax=9\n", "S", "Tax", "DEF"},
+      {"first_section_wins", "[S]\nA=1\n[S]\nTax=9\n", "S", "Tax", "DEF"},
+      {"first_key_wins", "[S]\nTax=1\nTax=2\n", "S", "Tax", "1"},
+      {"comment_is_not_key", "[S]\n;Tax=1\n", "S", "Tax", "DEF"},
+      {"double_quotes_dropped", "[S]\nPath=\"a b\"\n", "S", "Path", "a b"},
+      {"unmatched_quote_kept", "[S]\nPath=\"a b\n", "S", "Path", "\"a b"},
+      {"equals_inside_value", "[S]\nConn=a=b;c=d\n", "S", "Conn", "a=b;c=d"},
+      {"japanese_value", "[佐川宅配伝票]\nDEVICE_NAME=事務所プリンタ\n", "佐川宅配伝票", "DEVICE_NAME", "事務所プリンタ"},
+      {"bom", "\xEF\xBB\xBF[S]\nTax=3\n", "S", "Tax", "3"},
+  };
+  for (const auto& c : cases) {
+    Put(c.content);
+    EXPECT_EQ(ReadProfileString(file_, c.section, c.key, "DEF"), c.expected) << c.label;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Semantics, ProfileReadTest,
-    ::testing::Values(
-        ReadCase{"plain", "[LupinOrder6]\nTax=0.08\n", "LupinOrder6", "Tax", "0.08"},
-        ReadCase{"section_case", "[lupinorder6]\nTax=0.08\n", "LUPINORDER6", "Tax", "0.08"},
-        ReadCase{"key_case", "[S]\nDBPath=C:\\db\n", "S", "dbpath", "C:\\db"},
-        ReadCase{"blanks_trimmed", "[S]\n  Tax   =   0.1  \n", "S", "Tax", "0.1"},
-        ReadCase{"crlf", "[S]\r\nTax=0.1\r\nX=2\r\n", "S", "Tax", "0.1"},
-        ReadCase{"empty_value_is_not_default", "[S]\nTax=\n", "S", "Tax", ""},
-        ReadCase{"missing_key", "[S]\nOther=1\n", "S", "Tax", "DEF"},
-        ReadCase{"next_section_ends_search", "[S]\nA=1\n[T]\nTax=9\n", "S", "Tax", "DEF"},
-        ReadCase{"first_section_wins", "[S]\nA=1\n[S]\nTax=9\n", "S", "Tax", "DEF"},
-        ReadCase{"first_key_wins", "[S]\nTax=1\nTax=2\n", "S", "Tax", "1"},
-        ReadCase{"comment_is_not_key", "[S]\n;Tax=1\n", "S", "Tax", "DEF"},
-        ReadCase{"double_quotes_dropped", "[S]\nPath=\"a b\"\n", "S", "Path", "a b"},
-        ReadCase{"unmatched_quote_kept", "[S]\nPath=\"a b\n", "S", "Path", "\"a b"},
-        ReadCase{"equals_inside_value", "[S]\nConn=a=b;c=d\n", "S", "Conn", "a=b;c=d"},
-        ReadCase{"japanese_value", "[佐川宅配伝票]\nDEVICE_NAME=事務所プリンタ\n", "佐川宅配伝票", "DEVICE_NAME",
-                 "事務所プリンタ"},
-        ReadCase{"bom", "\xEF\xBB\xBF[S]\nTax=3\n", "S", "Tax", "3"}),
-    [](const auto& p) { return std::string(p.param.label); });
 
 TEST_F(ProfileTest, MissingFileGivesDefault) {
   EXPECT_EQ(ReadProfileString(folder_ / "none.ini", "S", "K", "0.05"), "0.05");
@@ -86,39 +77,29 @@ TEST_F(ProfileTest, ValueIsCutAtBufferSizeInCharacters) {
   EXPECT_EQ(b.size(), 1024u * 3);  // 1,024 characters of three UTF-8 bytes each
 }
 
-struct WriteCase {
-  const char* label;
-  const char* before;
-  const char* section;
-  const char* key;
-  const char* value;
-  const char* after;
-};
-
-class ProfileWriteTest : public ProfileTest, public ::testing::WithParamInterface<WriteCase> {};
-
-TEST_P(ProfileWriteTest, ChangesOnlyTheOneKey) {
-  if (GetParam().before) Put(GetParam().before);
-  ASSERT_TRUE(WriteProfileString(file_, GetParam().section, GetParam().key, GetParam().value));
-  EXPECT_EQ(Get(), GetParam().after);
-  EXPECT_EQ(ReadProfileString(file_, GetParam().section, GetParam().key, "DEF"), GetParam().value);
+TEST_F(ProfileTest, WriteChangesOnlyTheOneKey) {
+  const struct {
+    const char *label, *before, *section, *key, *value, *after;
+  } cases[] = {
+      {"new_file", nullptr, "LupinOrder6", "Tax", "0.1", "[LupinOrder6]\nTax=0.1\n"},
+      {"replace_keeps_comments", "; settings\n[S]\n; rate\nTax=0.05\nOther=1\n", "S", "tax", "0.1",
+       "; settings\n[S]\n; rate\ntax=0.1\nOther=1\n"},
+      {"append_in_section_before_blank", "[S]\nA=1\n\n[T]\nB=2\n", "S", "K", "v", "[S]\nA=1\nK=v\n\n[T]\nB=2\n"},
+      {"same_key_other_section_untouched", "[A]\nK=1\n[B]\nK=2\n", "b", "K", "3", "[A]\nK=1\n[B]\nK=3\n"},
+      {"section_created_at_end", "[A]\nK=1\n", "B", "K", "2", "[A]\nK=1\n[B]\nK=2\n"},
+      {"section_at_end_without_final_newline", "[A]\nK=1", "B", "K", "2", "[A]\nK=1\n[B]\nK=2\n"},
+      {"crlf_file_stays_crlf", "[A]\r\nK=1\r\n", "A", "L", "2", "[A]\r\nK=1\r\nL=2\r\n"},
+      {"last_line_without_newline", "[A]\nK=1", "A", "L", "2", "[A]\nK=1\nL=2"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.label);
+    Remove();
+    if (c.before) Put(c.before);
+    ASSERT_TRUE(WriteProfileString(file_, c.section, c.key, c.value));
+    EXPECT_EQ(Get(), c.after);
+    EXPECT_EQ(ReadProfileString(file_, c.section, c.key, "DEF"), c.value);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Semantics, ProfileWriteTest,
-    ::testing::Values(
-        WriteCase{"new_file", nullptr, "LupinOrder6", "Tax", "0.1", "[LupinOrder6]\nTax=0.1\n"},
-        WriteCase{"replace_keeps_comments", "; settings\n[S]\n; rate\nTax=0.05\nOther=1\n", "S", "tax", "0.1",
-                  "; settings\n[S]\n; rate\ntax=0.1\nOther=1\n"},
-        WriteCase{"append_in_section_before_blank", "[S]\nA=1\n\n[T]\nB=2\n", "S", "K", "v",
-                  "[S]\nA=1\nK=v\n\n[T]\nB=2\n"},
-        WriteCase{"same_key_other_section_untouched", "[A]\nK=1\n[B]\nK=2\n", "b", "K", "3",
-                  "[A]\nK=1\n[B]\nK=3\n"},
-        WriteCase{"section_created_at_end", "[A]\nK=1\n", "B", "K", "2", "[A]\nK=1\n[B]\nK=2\n"},
-        WriteCase{"section_at_end_without_final_newline", "[A]\nK=1", "B", "K", "2", "[A]\nK=1\n[B]\nK=2\n"},
-        WriteCase{"crlf_file_stays_crlf", "[A]\r\nK=1\r\n", "A", "L", "2", "[A]\r\nK=1\r\nL=2\r\n"},
-        WriteCase{"last_line_without_newline", "[A]\nK=1", "A", "L", "2", "[A]\nK=1\nL=2"}),
-    [](const auto& p) { return std::string(p.param.label); });
 
 TEST_F(ProfileTest, SeveralKeysInOneWrite) {
   Put("[A]\nK=1\n\n[B]\nX=0\n");

@@ -1,64 +1,46 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "common/sql.h"
 
 namespace lupin::sql {
 namespace {
 
-struct TextCase {
-  const char* input;
-  const char* expected;
-};
+using TextCase = std::pair<const char*, const char*>;
 
-class SqlQuoteTest : public ::testing::TestWithParam<TextCase> {};
-
-TEST_P(SqlQuoteTest, DoublesEveryApostrophe) { EXPECT_EQ(SqlQuote(GetParam().input), GetParam().expected); }
-
-INSTANTIATE_TEST_SUITE_P(Cases, SqlQuoteTest,
-                         ::testing::Values(TextCase{"", ""}, TextCase{"abc", "abc"}, TextCase{"O'Neil", "O''Neil"},
-                                           TextCase{"''", "''''"}, TextCase{"'a'", "''a''"},
-                                           TextCase{"山田's 店", "山田''s 店"}, TextCase{"\"x\"", "\"x\""}));
-
-class NumericTextTest : public ::testing::TestWithParam<TextCase> {};
-
-TEST_P(NumericTextTest, KeepsOnlyANumber) { EXPECT_EQ(NumericText(GetParam().input), GetParam().expected); }
-
-INSTANTIATE_TEST_SUITE_P(Cases, NumericTextTest,
-                         ::testing::Values(TextCase{"", "0"}, TextCase{"abc", "0"}, TextCase{"123", "123"},
-                                           TextCase{"-12", "-12"}, TextCase{"1-2", "12"}, TextCase{"--5", "-5"},
-                                           TextCase{"1.2.3", "1.23"}, TextCase{"¥1,234円", "1234"},
-                                           TextCase{" -1", "1"}, TextCase{"-", "-"}, TextCase{".5", ".5"},
-                                           TextCase{"１２", "0"}));
-
-struct DialectCase {
-  int mode;
-  int index;
-  const char* fragment;
-  const char* with_field;  // DialectField(mode, index, "AMOUNT")
-};
-
-class DialectTest : public ::testing::TestWithParam<DialectCase> {};
-
-TEST_P(DialectTest, FragmentAndField) {
-  EXPECT_EQ(DialectFragment(GetParam().mode, GetParam().index), GetParam().fragment);
-  EXPECT_EQ(DialectField(GetParam().mode, GetParam().index, "AMOUNT"), GetParam().with_field);
+TEST(SqlQuote, DoublesEveryApostrophe) {
+  const TextCase cases[] = {{"", ""},           {"abc", "abc"},       {"O'Neil", "O''Neil"}, {"''", "''''"},
+                            {"'a'", "''a''"},   {"山田's 店", "山田''s 店"}, {"\"x\"", "\"x\""}};
+  for (const auto& [input, expected] : cases) EXPECT_EQ(SqlQuote(input), expected) << input;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, DialectTest,
-    ::testing::Values(DialectCase{0, 1, "'", "'"}, DialectCase{1, 1, "#", "#"}, DialectCase{0, 3, "CHAR", "CHAR"},
-                      DialectCase{1, 4, "FORMAT(%FIELD%)", "FORMAT(AMOUNT)"},
-                      DialectCase{0, 5, "CAST(%FIELD% AS VARCHAR(255))", "CAST(AMOUNT AS VARCHAR(255))"},
-                      DialectCase{1, 5, "CSTR(%FIELD% & '')", "CSTR(AMOUNT & '')"},
-                      DialectCase{2, 6, "%FIELD%", "AMOUNT"}, DialectCase{1, 7, "[%FIELD%]", "[AMOUNT]"},
-                      DialectCase{2, 7, "\"%FIELD%\"", "\"AMOUNT\""},
-                      // Another mode or an index outside the table yields the empty fragment.
-                      DialectCase{3, 1, "", ""}, DialectCase{-1, 6, "", ""}, DialectCase{1, 0, "", ""},
-                      DialectCase{1, 8, "", ""}));
+TEST(NumericText, KeepsOnlyANumber) {
+  const TextCase cases[] = {{"", "0"},        {"abc", "0"},    {"123", "123"},           {"-12", "-12"},
+                            {"1-2", "12"},    {"--5", "-5"},   {"1.2.3", "1.23"},        {"¥1,234円", "1234"},
+                            {" -1", "1"},     {"-", "-"},      {".5", ".5"},             {"１２", "0"}};
+  for (const auto& [input, expected] : cases) EXPECT_EQ(NumericText(input), expected) << input;
+}
 
-TEST(DialectFieldTest, ReplacesEveryPlaceholderCaseSensitively) {
+TEST(Dialect, FragmentAndField) {
+  const struct {
+    int mode, index;
+    const char* fragment;
+    const char* with_field;  // DialectField(mode, index, "AMOUNT")
+  } cases[] = {
+      {0, 1, "'", "'"}, {1, 1, "#", "#"}, {1, 4, "FORMAT(%FIELD%)", "FORMAT(AMOUNT)"},
+      {2, 7, "\"%FIELD%\"", "\"AMOUNT\""},
+      // Another mode or an index outside the table yields the empty fragment.
+      {3, 1, "", ""}, {-1, 6, "", ""}, {1, 0, "", ""}, {1, 8, "", ""},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(DialectFragment(c.mode, c.index), c.fragment) << c.mode << "/" << c.index;
+    EXPECT_EQ(DialectField(c.mode, c.index, "AMOUNT"), c.with_field) << c.mode << "/" << c.index;
+  }
+}
+
+TEST(Dialect, FieldReplacesEveryPlaceholderCaseSensitively) {
   // The field text itself may look like a placeholder; it must not be replaced again.
   EXPECT_EQ(DialectField(1, 5, "%FIELD%"), "CSTR(%FIELD% & '')");
   EXPECT_EQ(DialectField(0, 6, "出荷伝票番号"), "[出荷伝票番号]");

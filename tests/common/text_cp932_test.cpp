@@ -19,21 +19,17 @@ struct EncodeCase {
   const char* hex;
 };
 
-class ToCp932Table : public ::testing::TestWithParam<EncodeCase> {};
-
-TEST_P(ToCp932Table, EncodesWithTheWindowsTable) {
-  EXPECT_EQ(Hex(ToCp932(GetParam().utf8).bytes), GetParam().hex) << GetParam().utf8;
+TEST(Cp932, EncodesWithTheWindowsTable) {
+  const EncodeCase cases[] = {
+      {"～", "8160"}, {"－", "817C"}, {"①", "8740"}, {"㈱", "878A"}, {"髙", "FBFC"}, {"﨑", "FAB1"},
+      // JIS forms that Japanese text carries in from other systems
+      {"\u301C", "8160"}, {"\u2212", "817C"}, {"¬", "81CA"}, {"ｱﾞ", "B1DE"}, {"A\\~", "415C7E"},
+      {"東京", "938C8B9E"},
+      // outside the code page: one "?" each
+      {"€", "3F"}, {"😀x", "3F78"}, {"\xFF", "3F"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(Hex(ToCp932(c.utf8).bytes), c.hex) << c.utf8;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cp932, ToCp932Table,
-    ::testing::Values(EncodeCase{"～", "8160"}, EncodeCase{"－", "817C"}, EncodeCase{"①", "8740"},
-                      EncodeCase{"㈱", "878A"}, EncodeCase{"髙", "FBFC"}, EncodeCase{"﨑", "FAB1"},
-                      // JIS forms that Japanese text carries in from other systems
-                      EncodeCase{"\u301C", "8160"}, EncodeCase{"\u2212", "817C"}, EncodeCase{"¬", "81CA"},
-                      EncodeCase{"ｱﾞ", "B1DE"}, EncodeCase{"A\\~", "415C7E"}, EncodeCase{"東京", "938C8B9E"},
-                      // outside the code page: one "?" each
-                      EncodeCase{"€", "3F"}, EncodeCase{"😀x", "3F78"}, EncodeCase{"\xFF", "3F"}));
 
 TEST(Cp932, RoundTripKeepsEveryCharacterOfTheCodePage) {
   const std::string samples[] = {"東京都千代田区丸の内１－２－３", "ｶﾌﾞｼｷｶﾞｲｼｬ ｱｲｳ", "①②⑳ⅠⅩ㈱㈲№℡", "髙橋 﨑山 德永",
@@ -46,20 +42,16 @@ struct DecodeCase {
   std::string utf8;
 };
 
-class FromCp932Table : public ::testing::TestWithParam<DecodeCase> {};
-
-TEST_P(FromCp932Table, InvalidBytesBecomeReplacementCharacters) {
-  EXPECT_EQ(FromCp932(GetParam().bytes), GetParam().utf8);
+TEST(Cp932, InvalidBytesBecomeReplacementCharacters) {
+  const DecodeCase cases[] = {
+      {"\x81\x60\x87\x40", "～①"}, {"\xB1\xDE", "ｱﾞ"}, {"\x80", "\uFFFD"}, {"\xFF", "\uFFFD"},
+      {"a\x82", "a\uFFFD"},          // lead byte at the very end
+      {"\x82 b", "\uFFFD b"},        // lead byte before a non-trail byte
+      {"\x85\x40z", "\uFFFDz"},      // well-formed pair the table lacks
+      {std::string("\0x", 2), std::string("\0x", 2)},
+  };
+  for (const auto& c : cases) EXPECT_EQ(FromCp932(c.bytes), c.utf8) << Hex(c.bytes);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cp932, FromCp932Table,
-    ::testing::Values(DecodeCase{"\x81\x60\x87\x40", "～①"}, DecodeCase{"\xB1\xDE", "ｱﾞ"},
-                      DecodeCase{"\x80", "\uFFFD"}, DecodeCase{"\xFF", "\uFFFD"},
-                      DecodeCase{"a\x82", "a\uFFFD"},             // lead byte at the very end
-                      DecodeCase{"\x82 b", "\uFFFD b"},           // lead byte before a non-trail byte
-                      DecodeCase{"\x85\x40z", "\uFFFDz"},         // well-formed pair the table lacks
-                      DecodeCase{std::string("\0x", 2), std::string("\0x", 2)}));
 
 TEST(Cp932, ByteLenCountsMissingCharactersAsOneByte) {
   EXPECT_EQ(ByteLen("😀"), 1);
