@@ -114,7 +114,8 @@ TEST_P(DemoData, SlotsAgreeWithTheLineTable) {
   EXPECT_EQ(*line_counts.rbegin(), static_cast<std::size_t>(kChumonSlots));
 }
 
-TEST_P(DemoData, AddressesCoverEveryPrefectureAndTheSpecialPlaceNames) {
+// One fill holds every form the reports and files must cope with.
+TEST_P(DemoData, CoversTheFormsTheReportsMustCopeWith) {
   Fill(Db(), 9);
   std::vector<std::string> addresses;
   for (auto rs = Db().Open("SELECT [住所] FROM [CHUMON]"); !rs.Eof(); rs.MoveNext()) addresses.push_back(rs["住所"].Text());
@@ -132,29 +133,22 @@ TEST_P(DemoData, AddressesCoverEveryPrefectureAndTheSpecialPlaceNames) {
   }
   // Hyphens and digits of both widths, and 番地 forms.
   for (const char* form : {"丁目", "番地", "－", "-", "１", "号"}) EXPECT_TRUE(present(form)) << form;
-}
 
-TEST_P(DemoData, UnpaidAndUnassignedOccurBothAsNullAndAsEmpty) {
-  Fill(Db(), 11);
-  struct Case { const char* where; };
-  const Case cases[] = {
-      {"[入金日] IS NULL"}, {"[入金日] = ''"}, {"[入金日] <> ''"},
-      {"[出荷伝票番号] IS NULL"}, {"[出荷伝票番号] = ''"}, {"[出荷伝票番号] <> ''"},
-      {"[出荷日] = ''"}, {"[出荷日] <> ''"},
-      {"[贈答先氏名] <> ''"}, {"[会社名] <> ''"}, {"[検索用電話番号] IS NULL"},
-      {"[消費税区分1] = 1"}, {"[ポイント利用８％] > 0"}, {"[請求額] >= 30000"},
-  };
-  for (const auto& c : cases) EXPECT_GT(Count(Db(), c.where), 0) << c.where;
+  // Unpaid and unassigned occur both as NULL and as empty text.
+  for (const char* where : {"[入金日] IS NULL", "[入金日] = ''", "[入金日] <> ''", "[出荷伝票番号] IS NULL",
+                            "[出荷伝票番号] = ''", "[出荷伝票番号] <> ''", "[出荷日] = ''", "[出荷日] <> ''",
+                            "[贈答先氏名] <> ''", "[会社名] <> ''", "[検索用電話番号] IS NULL", "[消費税区分1] = 1",
+                            "[ポイント利用８％] > 0", "[請求額] >= 30000"}) {
+    EXPECT_GT(Count(Db(), where), 0) << where;
+  }
   // Reduced and former-rate lines, and included-tax lines.
   EXPECT_GT(Count(Db(), "[REDUCEDKBN] = 1", "CHUMON_D"), 0);
   EXPECT_GT(Count(Db(), "[ITEM_TAX] = 2", "CHUMON_D"), 0);
   // Paid means paid in full; a shipped order's lines are shipped on its day.
   EXPECT_EQ(Count(Db(), "[入金日] <> '' AND [入金額] <> [請求額]"), 0);
   EXPECT_EQ(Count(Db(), "[出荷日] <> '' AND [出荷日] < [受注日]"), 0);
-}
 
-TEST_P(DemoData, EveryCarrierClassOfThePrintListHasOrders) {
-  Fill(Db(), 13);
+  // Every carrier class of the print list, and the time bands operators type in both widths.
   const std::vector<std::vector<const char*>> classes = {
       {"ヤマト", "クロネコ"}, {"日通", "日本通運"}, {"佐川"}, {"郵", "ゆう"}, {"福"}, {"西濃", "カンガル"}};
   for (const auto& words : classes) {
@@ -162,7 +156,6 @@ TEST_P(DemoData, EveryCarrierClassOfThePrintListHasOrders) {
     for (const char* word : words) where += std::string(where.empty() ? "" : " OR ") + "[宅配業者] LIKE '%" + word + "%'";
     EXPECT_GT(Count(Db(), where), 0) << words.front();
   }
-  // The time bands operators type, in both widths and with AM/PM.
   for (const char* band : {"午前中", "１４時～１６時", "AM", "PM", "18:00-20:00", "指定なし"}) {
     EXPECT_GT(Count(Db(), "[配達時間帯] = '" + std::string(band) + "'"), 0) << band;
   }
