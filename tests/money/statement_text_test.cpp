@@ -57,7 +57,7 @@ TEST(StatementText, DatesAreDelimitedByTheDialect) {
     int dialect;
     std::string literal;
   };
-  for (const Case& c : {Case{0, "'2024/05/01'"}, Case{1, "#2024/05/01#"}, Case{2, "'2024/05/01'"}}) {
+  for (const Case& c : {Case{0, "'2024/05/01'"}, Case{1, "#2024/05/01#"}}) {
     RecordingConnection db;
     AddTaxAnswers(db);
     clsZeiInfo info;
