@@ -38,7 +38,7 @@ class ReporInfoTest : public testing::ReportDbTest {
 struct OverrideCase {
   const char* key;
   const char* stored;
-  long expected;  // the field afterwards; the table holds PAPER_SIZE 260, MARGIN_TOP 200, PAPER_TYPE 1
+  long expected;  // the field afterwards; the table holds PAPER_SIZE 260 and MARGIN_TOP 200
 };
 
 // Which stored texts may replace a number from the table.
@@ -50,14 +50,11 @@ const OverrideCase kOverrideCases[] = {
     {"PAPER_SIZE", "11 (B5)", 11},  // the leading number counts
     {"PAPER_SIZE", "", 260},
     {"MARGIN_TOP", "-50", -50},
-    {"PAPER_TYPE", "0", 1},
     {"PAPER_SIZE", "70000", 260},   // does not fit the field
 };
 
 long FieldOf(const clsReporInfo& info, std::string_view key) {
-  if (key == "PAPER_SIZE") return info.PaperSize();
-  if (key == "MARGIN_TOP") return info.MarginTop();
-  return info.PaperType();
+  return key == "PAPER_SIZE" ? info.PaperSize() : info.MarginTop();
 }
 
 TEST_P(ReporInfoTest, StoredNumbersReplaceOnlyWhenNonZero) {
