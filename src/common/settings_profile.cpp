@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "common/ascii.h"
 #include "common/files.h"
 #include "common/settings.h"
 
@@ -40,16 +41,7 @@ std::string_view Trim(std::string_view text) {
   return text.substr(first, last - first + 1);
 }
 
-bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    char x = a[i], y = b[i];
-    if (x >= 'A' && x <= 'Z') x = static_cast<char>(x - 'A' + 'a');
-    if (y >= 'A' && y <= 'Z') y = static_cast<char>(y - 'A' + 'a');
-    if (x != y) return false;
-  }
-  return true;
-}
+constexpr auto EqualsIgnoringCase = text::EqualsAsciiNoCase;
 
 // The name of a section header line, or nothing for any other line.
 std::optional<std::string_view> SectionOf(std::string_view body) {

@@ -2,13 +2,14 @@
 
 #include <unordered_map>
 
+#include "common/ascii.h"
 #include "db/connection.h"
 
 namespace lupin::db {
 namespace {
 
 // Only ASCII letters fold: the old engines compared Japanese names byte for byte.
-char FoldAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+using text::FoldAscii;
 
 struct FoldedHash {
   using is_transparent = void;
@@ -21,13 +22,7 @@ struct FoldedHash {
 
 struct FoldedEqual {
   using is_transparent = void;
-  bool operator()(std::string_view a, std::string_view b) const {
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-      if (FoldAscii(a[i]) != FoldAscii(b[i])) return false;
-    }
-    return true;
-  }
+  bool operator()(std::string_view a, std::string_view b) const { return text::EqualsAsciiNoCase(a, b); }
 };
 
 constexpr std::size_t kLinearLookupLimit = 16;

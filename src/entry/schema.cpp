@@ -3,15 +3,13 @@
 
 #include <algorithm>
 
+#include "common/ascii.h"
+
 namespace lupin::entry {
 namespace {
 
-char FoldAscii(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool EqualsAsciiFolded(std::string_view a, std::string_view b) {
-  return a.size() == b.size() &&
-         std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return FoldAscii(x) == FoldAscii(y); });
-}
+using text::FoldAscii;
+constexpr auto EqualsAsciiFolded = text::EqualsAsciiNoCase;
 
 std::string QuotedList(const std::vector<std::string>& names, db::Engine engine) {
   std::string out;

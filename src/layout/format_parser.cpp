@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "common/ascii.h"
 #include "common/text.h"
 #include "common/vb.h"
 
@@ -16,8 +17,8 @@ namespace lupin::layout {
 namespace {
 
 constexpr std::size_t kNone = std::string::npos;
-
-char FoldAscii(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+using text::EqualsAsciiNoCase;
+using text::FoldAscii;
 
 // Search ignoring ASCII case. The tags are ASCII, and a UTF-8 text never holds an ASCII byte
 // inside another character, so a byte search finds exactly what a character search finds.
@@ -31,12 +32,6 @@ std::size_t FindNoCase(const std::string& text, std::string_view find, std::size
   return kNone;
 }
 
-bool EqualsNoCase(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i)
-    if (FoldAscii(a[i]) != FoldAscii(b[i])) return false;
-  return true;
-}
 
 // CR LF pairs and tabs have no meaning; a lone CR or LF stays.
 std::string StripLineEnds(const std::string& text) {
@@ -88,7 +83,7 @@ std::optional<std::filesystem::path> clsRptFmtParser::FormatFileExists(const std
   const std::filesystem::path directory = DirectoryOfPath(path);
   const std::string name = path.filename().string();
   for (std::filesystem::directory_iterator it(directory, error), end; !error && it != end; it.increment(error)) {
-    if (EqualsNoCase(it->path().filename().string(), name) && it->is_regular_file(error)) return it->path();
+    if (EqualsAsciiNoCase(it->path().filename().string(), name) && it->is_regular_file(error)) return it->path();
   }
   return std::nullopt;
 }
@@ -215,23 +210,23 @@ void clsRptFmtParser::ParseField(std::string text, clsRptFmtRow& row) {
       ++pos;
     }
 
-    if (EqualsNoCase(word, constants_.AttributeTitle())) {
+    if (EqualsAsciiNoCase(word, constants_.AttributeTitle())) {
       row.title = value;
-    } else if (EqualsNoCase(word, constants_.AttributeText())) {
+    } else if (EqualsAsciiNoCase(word, constants_.AttributeText())) {
       row.Text = value;
-    } else if (EqualsNoCase(word, constants_.AttributeFontName())) {
+    } else if (EqualsAsciiNoCase(word, constants_.AttributeFontName())) {
       row.FontName = value;
-    } else if (EqualsNoCase(word, constants_.AttributeVisible())) {
+    } else if (EqualsAsciiNoCase(word, constants_.AttributeVisible())) {
       row.Visible = vb::Val(value) != 0;
-    } else if (EqualsNoCase(word, constants_.AttributeFontSize())) {
+    } else if (EqualsAsciiNoCase(word, constants_.AttributeFontSize())) {
       row.FontSize = ToInteger(vb::Val(value));
-    } else if (EqualsNoCase(word, constants_.AttributeWidth())) {
+    } else if (EqualsAsciiNoCase(word, constants_.AttributeWidth())) {
       row.Width = ToSingle(vb::Val(value));
-    } else if (EqualsNoCase(word, constants_.AttributeHeight())) {
+    } else if (EqualsAsciiNoCase(word, constants_.AttributeHeight())) {
       row.Height = ToSingle(vb::Val(value));
-    } else if (EqualsNoCase(word, constants_.AttributeLeft())) {
+    } else if (EqualsAsciiNoCase(word, constants_.AttributeLeft())) {
       row.Left = ToSingle(vb::Val(value));
-    } else if (EqualsNoCase(word, constants_.AttributeTop())) {
+    } else if (EqualsAsciiNoCase(word, constants_.AttributeTop())) {
       row.Top = ToSingle(vb::Val(value));
     } else if (!word.empty()) {
       row.SetOther(word, value);
