@@ -20,8 +20,8 @@ TEST(PrintButtonCaption, FollowsTheOutputOfTheReport) {
   const struct {
     int report;
     const char* caption;
-  } cases[] = {{89, "CSV出力"}, {92, "CSV出力"}, {99, "CSV出力"}, {100, "ﾌﾟﾚﾋﾞｭｰ"}, {101, "出力"},
-               {102, "CSV出力"}, {103, "ﾌﾟﾚﾋﾞｭｰ"}, {104, "CSV出力"}, {18, "ﾌﾟﾚﾋﾞｭｰ"}, {0, "ﾌﾟﾚﾋﾞｭｰ"}};
+  } cases[] = {{89, "CSV出力"},    {99, "CSV出力"},  {100, "ﾌﾟﾚﾋﾞｭｰ"}, {101, "出力"},
+               {102, "CSV出力"}, {103, "ﾌﾟﾚﾋﾞｭｰ"}, {104, "CSV出力"},  {18, "ﾌﾟﾚﾋﾞｭｰ"}};
   for (const auto& c : cases) EXPECT_EQ(PrintButtonCaption(c.report), c.caption) << c.report;
 }
 
