@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <utility>
 
 #include "common/files.h"
+#include "folder_test.h"
 
 namespace lupin::files {
 namespace {
@@ -28,26 +27,13 @@ TEST(FileNameAndFolder, SplitAtLastSeparatorOfEitherKind) {
   }
 }
 
-class FileTest : public ::testing::Test {
+class FileTest : public common::testing::FolderTest {
  protected:
-  void SetUp() override {
-    folder_ = fs::temp_directory_path() /
-              ("lupin_files_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-  void Put(const fs::path& file, const std::string& content) { std::ofstream(file, std::ios::binary) << content; }
-  static std::string Get(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  }
   int EntryCount() const {
     int count = 0;
     for ([[maybe_unused]] const auto& entry : fs::directory_iterator(folder_)) ++count;
     return count;
   }
-  fs::path folder_;
 };
 
 TEST_F(FileTest, ExistsOnlyForFiles) {

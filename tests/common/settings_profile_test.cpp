@@ -1,37 +1,24 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "common/settings.h"
+#include "folder_test.h"
 
 namespace lupin::settings {
 namespace {
 
 namespace fs = std::filesystem;
 
-class ProfileTest : public ::testing::Test {
+class ProfileTest : public common::testing::FolderTest {
  protected:
   void SetUp() override {
-    folder_ = fs::temp_directory_path() /
-              ("lupin_profile_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) + "_" +
-               ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
+    FolderTest::SetUp();
     file_ = folder_ / "test.ini";
   }
-  void Remove() { fs::remove(file_); }
-  void TearDown() override { fs::remove_all(folder_); }
-
-  void Put(const std::string& content) { std::ofstream(file_, std::ios::binary) << content; }
-  std::string Get() const {
-    std::ifstream in(file_, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  }
-
-  fs::path folder_;
+  void Put(const std::string& content) { FolderTest::Put(file_, content); }
+  std::string Get() const { return FolderTest::Get(file_); }
   fs::path file_;
 };
 
@@ -93,7 +80,7 @@ TEST_F(ProfileTest, WriteChangesOnlyTheOneKey) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.label);
-    Remove();
+    fs::remove(file_);
     if (c.before) Put(c.before);
     ASSERT_TRUE(WriteProfileString(file_, c.section, c.key, c.value));
     EXPECT_EQ(Get(), c.after);

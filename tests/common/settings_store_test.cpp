@@ -5,25 +5,19 @@
 #include <string>
 
 #include "common/settings.h"
+#include "folder_test.h"
 
 namespace lupin::settings {
 namespace {
 
 namespace fs = std::filesystem;
 
-class StoreTest : public ::testing::Test {
+class StoreTest : public common::testing::FolderTest {
  protected:
   void SetUp() override {
-    folder_ = fs::temp_directory_path() /
-              ("lupin_store_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-    Reset();
+    FolderTest::SetUp();
     paths_ = StorePaths::InFolder(folder_);
   }
-  void Reset() {
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
-  }
-  void TearDown() override { fs::remove_all(folder_); }
 
   void CreateMachineStore() { std::ofstream(paths_.machine_ini) << "[LupinOrder6]\n"; }
   // Which store holds the key afterwards: "machine", "user", "fallback" or "" when none.
@@ -38,7 +32,6 @@ class StoreTest : public ::testing::Test {
     return where;
   }
 
-  fs::path folder_;
   StorePaths paths_;
 };
 
