@@ -32,6 +32,9 @@ function(lupin_add_module name)
   lupin_apply_options(lupin_${name})
 endfunction()
 
+# Leak checks ignore the process-lifetime caches of the font libraries.
+set(LUPIN_TEST_ENVIRONMENT "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp")
+
 # lupin_add_test(NAME folder DEPS ...): every .cpp of the folder is one GoogleTest program.
 function(lupin_add_test name)
   cmake_parse_arguments(ARG "" "" "DEPS;LABELS" ${ARGN})
@@ -46,7 +49,7 @@ function(lupin_add_test name)
   lupin_apply_options(lupin_${name}_tests)
   add_test(NAME ${name} COMMAND lupin_${name}_tests --gtest_brief=1)
   set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 1200
-    ENVIRONMENT "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp")
+    ENVIRONMENT "${LUPIN_TEST_ENVIRONMENT}")
 endfunction()
 
 function(lupin_add_bench name)
