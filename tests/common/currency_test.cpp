@@ -46,12 +46,10 @@ TEST(Currency, ProductsAndQuotientsAreExactBeforeOneRounding) {
   }
 }
 
+// The inner tax of 1,080 yen at 8 %, computed the way the order tax computes it.
 TEST(Currency, InnerTaxOfAWholePercentRate) {
   const Currency p = Currency::FromDouble(0.08) * Currency::FromLong(100);
-  const Currency tax = p * Currency::FromLong(1080) / (p + Currency::FromLong(100));
-  EXPECT_EQ(tax.ToString(), "80");
-  EXPECT_EQ((Currency::FromDouble(0.1) * Currency::FromLong(3)).ToString(), "0.3");
-  EXPECT_NE(0.1 * 3, 0.3);  // the double drifts where Currency does not
+  EXPECT_EQ((p * Currency::FromLong(1080) / (p + Currency::FromLong(100))).ToString(), "80");
 }
 
 TEST(Currency, RaisesOnOverflowAndDivisionByZero) {
