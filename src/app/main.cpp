@@ -11,6 +11,13 @@ int main(int argc, char** argv) {
   std::setlocale(LC_ALL, "C.UTF-8");
   CLI::App root{"lupinprint — LupinOrder6 の印刷・出力コンポーネント (コマンドライン版)"};
   root.require_subcommand(1);
+  root.footer(
+      "例:\n"
+      "  lupinprint init --db sqlite:demo.db --demo 1000     デモデータベースを作成\n"
+      "  lupinprint catalogue --db sqlite:demo.db            帳票の一覧\n"
+      "  lupinprint run --db sqlite:demo.db --report 25 --sql 選択の SQL 文\n"
+      "  lupinprint tax --db sqlite:demo.db --id 1           受注 1 の税率別計算\n"
+      "各サブコマンドの詳細は lupinprint SUBCOMMAND --help で表示します。");
   for (const auto& install : lupin::app::Installers()) install(root);
   try {
     root.parse(argc, argv);
