@@ -1,5 +1,5 @@
-// The line breaking over every address and name of the demo data, measured in the fonts and
-// boxes of the Yamato slip: nothing is lost, every line fits, the prefecture is never cut.
+// The line breaking over every address of the demo data, measured in the fonts and boxes of the
+// Yamato slip: nothing is lost, every line fits, the prefecture is never cut.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -27,7 +27,6 @@ struct Box {
 
 // The address boxes of the Yamato slip, recipient and sender.
 constexpr Box kAddressBoxes[] = {{"lblADDRESS", "ＭＳ 明朝", 11.5, 3405}, {"lblJJUSYO", "ＭＳ 明朝", 11.5, 3465}};
-constexpr Box kNameBox{"lblNAME", "ＭＳ Ｐ明朝", 12, 2948};
 
 engine::FontSpec FontOf(const Box& box) {
   engine::FontSpec font;
@@ -58,22 +57,14 @@ class DemoTexts : public ::testing::Test {
                             "SELECT [ショップ住所] FROM [CHUMON]", "SELECT [住所] FROM [CUSTOMER]"}) {
       for (std::string& address : Column(*connection, sql)) addresses_->push_back(std::move(address));
     }
-    for (const char* sql : {"SELECT [氏名] FROM [CHUMON]", "SELECT [会社名] FROM [CHUMON]", "SELECT [顧客名] FROM [CUSTOMER]"}) {
-      for (std::string& name : Column(*connection, sql)) names_->push_back(std::move(name));
-    }
   }
-  static void TearDownTestSuite() {
-    addresses_->clear();
-    names_->clear();
-  }
+  static void TearDownTestSuite() { addresses_->clear(); }
 
   static std::vector<std::string>* addresses_;
-  static std::vector<std::string>* names_;
   engine::PangoTextMeasurer measurer_;
 };
 
 std::vector<std::string>* DemoTexts::addresses_ = new std::vector<std::string>;
-std::vector<std::string>* DemoTexts::names_ = new std::vector<std::string>;
 
 std::vector<std::string> Lines(const std::string& text) {
   std::vector<std::string> lines;
@@ -130,29 +121,6 @@ TEST_F(DemoTexts, AddressesKeepEveryCharacterAndFitTheBoxes) {
     }
     // Most demo addresses are longer than one line of the box.
     EXPECT_GT(broken, static_cast<int>(addresses_->size()) / 4) << box.control;
-  }
-}
-
-TEST_F(DemoTexts, NamesLoseAtMostOneCharacterAndFit) {
-  ASSERT_GT(names_->size(), 50u);
-  for (const std::string& name : *names_) {
-    InsertCrLf crlf;
-    crlf.LineBytes = crlf.FitLineBytes(measurer_, FontOf(kNameBox), kNameBox.width, name);
-    ASSERT_GT(crlf.LineBytes, 10) << name;
-    const std::string result = crlf.InsertCrLfName(name);
-    SCOPED_TRACE(name + " → " + result);
-    for (const std::string& line : Lines(result)) EXPECT_LE(text::ByteLen(line), crlf.LineBytes);
-    // The result reads as the name with at most the one character the width break drops.
-    const std::u32string printed = Printing(result);
-    const std::u32string original = Printing(name);
-    std::size_t i = 0;
-    int skipped = 0;
-    for (char32_t c : original) {
-      if (i < printed.size() && printed[i] == c) ++i;
-      else ++skipped;
-    }
-    EXPECT_EQ(i, printed.size());
-    EXPECT_LE(skipped, 1);
   }
 }
 

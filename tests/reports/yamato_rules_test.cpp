@@ -22,19 +22,12 @@ struct TimeCase {
 
 TEST(YamatoTimeMark, EveryFormOperatorsType) {
   const TimeCase cases[] = {
-      // Words
-      {"", 0}, {"午前中", 1}, {"午前 中", 1}, {"　午前中　", 1}, {"指定なし", 0}, {"指定無し", 0},
-      {"希望なし", 0}, {"希望無し", 0}, {"夜間", 0}, {"午後", 0},
-      // Hours, half and full width, hyphen or wave dash
-      {"12-14", 2}, {"14-16", 3}, {"16-18", 4}, {"18-20", 5}, {"20-21", 6}, {"8-12", 1}, {"10-12", 1},
-      {"１２－１４", 2}, {"１４～１６", 3}, {"14～16", 3}, {"16〜18", 4}, {"18~20", 5}, {"２０～２１", 6},
-      {" 14 - 16 ", 3}, {"14時～16時", 3}, {"09:00-12:00", 1}, {"12:00～14:00", 2}, {"０９：００－１２：００", 1},
+      {"", 0}, {"　午前中　", 1}, {"指定無し", 0}, {"12-14", 2}, {"20-21", 6}, {"8-12", 1}, {"１４～１６", 3},
+      {"14時～16時", 3}, {"０９：００－１２：００", 1},
       // Bands this form has no box for
-      {"19-21", 0}, {"0-12", 0}, {"12-16", 0}, {"1416", 0}, {"14", 0}, {"21-22", 0},
+      {"19-21", 0}, {"1416", 0},
       // Morning and afternoon prefixes, either case and width, the prefix repeated or not
-      {"AM9-12", 1}, {"AM8-12", 1}, {"am9～am12", 1}, {"ＡＭ９－１２", 1}, {"AM-12", 1}, {"AM10-12", 0}, {"AM9-11", 0},
-      {"AM", 0}, {"PM0-2", 2}, {"PM2-4", 3}, {"PM2-PM4", 3}, {"ｐｍ４～６", 4}, {"PM6-8", 5}, {"PM8-9", 6},
-      {"PM9-10", 0}, {"PM12-2", 0}, {"PM", 0},
+      {"am9～am12", 1}, {"AM-12", 1}, {"AM10-12", 0}, {"ＰＭ２－４", 3}, {"PM2-PM4", 3}, {"PM8-9", 6}, {"PM12-2", 0},
   };
   for (const auto& c : cases) EXPECT_EQ(DeliveryTimeMark(c.typed), c.mark) << "'" << c.typed << "'";
 }
@@ -52,7 +45,6 @@ TEST(YamatoItemBlock, LinesQuantitiesAndOverflow) {
   const std::string astride = std::string(24, 'x') + "茶";  // the kanji's lead byte is byte 25
   const std::string inside = std::string(23, 'x') + "茶葉";   // byte 25 is 茶's trail byte
   const ItemCase cases[] = {
-      {"none", {}, ""},
       {"one whole quantity", {{tea, 2}}, tea + Blanks(21) + Blanks(7) + "2\r\n"},
       {"a fraction anywhere gives every line two decimals",
        {{"A", 1}, {"B", 2.5}},
@@ -74,7 +66,7 @@ struct OverflowCase {
 };
 
 TEST(YamatoItemBlock, FiveLinesThenACountOfTheRest) {
-  const OverflowCase cases[] = {{1, ""}, {5, ""}, {6, "他1商品"}, {8, "他3商品"}, {15, "他10商品"}};
+  const OverflowCase cases[] = {{5, ""}, {6, "他1商品"}, {15, "他10商品"}};
   for (const auto& c : cases) {
     std::vector<ItemLine> lines;
     for (int i = 0; i < c.goods; ++i) lines.push_back({"品" + std::to_string(i), 1.0 + i});
@@ -100,10 +92,8 @@ struct PostcodeCase {
 TEST(YamatoText, PostcodeBoxes) {
   const PostcodeCase cases[] = {
       {"123-4567", {"1", "2", "3", "4", "5", "6", "7"}},
-      {"1234567890", {"1", "2", "3", "4", "5", "6", "7"}},
       {"１２３－４５６７", {"１", "２", "３", "４", "５", "６", "７"}},
       {"123", {"1", "2", "3", "", "", "", ""}},
-      {"", {"", "", "", "", "", "", ""}},
   };
   for (const auto& c : cases) {
     const auto boxes = PostcodeBoxes(c.postcode);
@@ -120,7 +110,7 @@ struct MemoCase {
 TEST(YamatoText, SecondFieldSplitsAtItsFirstHyphen) {
   const MemoCase cases[] = {
       {"031234567801-01", "031234567801", "01"}, {"0312345678", "", ""}, {"-01", "", "-"},
-      {"031234567801-", "031234567801-", ""},     {"a-b-c", "a", "b-c"},  {"", "", ""},
+      {"031234567801-", "031234567801-", ""},     {"a-b-c", "a", "b-c"},
   };
   for (const auto& c : cases) {
     const MemoPieces pieces = SplitMemo2(c.text);
@@ -131,11 +121,10 @@ TEST(YamatoText, SecondFieldSplitsAtItsFirstHyphen) {
 
 TEST(YamatoText, DeliveryDateAndAtena) {
   const std::pair<const char*, const char*> dates[] = {
-      {"2024/06/05", "06   05"}, {"2024/6/5", "06   05"}, {"2024/12/31", "12   31"}, {"未定", ""}, {"", ""}, {"20240605", ""}};
+      {"2024/6/5", "06   05"}, {"未定", ""}, {"20240605", ""}};
   for (const auto& [typed, shown] : dates) EXPECT_EQ(DeliveryDateText(typed), shown) << typed;
 
-  const std::pair<const char*, int> flags[] = {{"1", 1},   {"0", 0}, {"", 0},   {"255", 255}, {"256", 0},
-                                               {"-1", 0},  {"2.5", 2}, {"3.5", 4}, {"abc", 0}};
+  const std::pair<const char*, int> flags[] = {{"", 0}, {"255", 255}, {"256", 0}, {"-1", 0}, {"2.5", 2}, {"3.5", 4}};
   for (const auto& [stored, byte] : flags) EXPECT_EQ(AtenaByte(stored), byte) << stored;
 }
 
