@@ -1,55 +1,92 @@
 #pragma once
-// Fixtures for the Sagawa file tests: orders and shops with only the fields a case needs, a print
-// list grid as the print run fills it, and a context on a temporary component directory.
+// Orders and shops with only the fields a case needs, a print list grid as the print run fills it,
+// and a context on a temporary component directory.
 #include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "common/grid.h"
+#include "common/sql.h"
 #include "db/connection.h"
 #include "entry/context.h"
+#include "entry/schema.h"
 
 namespace lupin::exchange::testing {
 
 using Fields = std::vector<std::pair<std::string, std::string>>;
 
 // INSERT of the named columns; every value is a quoted literal.
-void InsertRow(db::Connection& db, const std::string& table, const Fields& fields);
-void AddShop(db::Connection& db, const std::string& shop_id, int atena);
-void AddOrder(db::Connection& db, int id, const Fields& fields);
+inline void InsertRow(db::Connection& db, const std::string& table, const Fields& fields) {
+  std::string names, values;
+  for (const auto& [name, value] : fields) {
+    names += (names.empty() ? "[" : ",[") + name + "]";
+    values += (values.empty() ? "'" : ",'") + sql::SqlQuote(value) + "'";
+  }
+  db.Execute("INSERT INTO [" + table + "](" + names + ") VALUES(" + values + ")");
+}
+inline void AddShop(db::Connection& db, const std::string& shop_id, int atena) {
+  InsertRow(db, "SHOP", {{"SHOP_ID", shop_id}, {"ATENA", std::to_string(atena)}});
+}
+inline void AddOrder(db::Connection& db, int id, Fields fields) {
+  fields.insert(fields.begin(), {"ID", std::to_string(id)});
+  InsertRow(db, "CHUMON", fields);
+}
 
 // A print-list row: check mark, id, company, name, amount, tax.
 struct ListRow {
   bool checked = true;
   int id = 0;
-  std::string company;
-  std::string name;
-  std::string amount;
-  std::string tax;
+  std::string company, name, amount, tax;
 };
-common::Grid MakeGrid(const std::vector<ListRow>& rows, const std::string& name_caption = "氏名");
+inline common::Grid MakeGrid(const std::vector<ListRow>& rows, const std::string& name_caption = "氏名") {
+  common::Grid grid(0, 16);
+  grid.SetCaption(2, "ID");
+  grid.SetCaption(3, "会社名");
+  grid.SetCaption(4, name_caption);
+  for (const ListRow& r : rows) {
+    const int row = grid.AddRow();
+    grid.SetChecked(row, r.checked);
+    for (const auto& [col, text] : {std::pair{2, std::to_string(r.id)}, {3, r.company}, {4, r.name}, {11, r.amount},
+                                    {12, r.tax}}) {
+      grid.SetText(row, col, text);
+    }
+  }
+  return grid;
+}
 
-class TempDir {
- public:
-  TempDir();
-  ~TempDir();
+struct TempDir {
+  std::filesystem::path path = std::filesystem::temp_directory_path() /
+                               ("lupin_ehiden_" + std::to_string(std::random_device{}()));
+  TempDir() { std::filesystem::create_directories(path / "settings"); }
+  ~TempDir() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path, ignored);
+  }
   TempDir(const TempDir&) = delete;
   TempDir& operator=(const TempDir&) = delete;
-  const std::filesystem::path& Path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
+  const std::filesystem::path& Path() const { return path; }
 };
 
 struct ExportEnv {
-  explicit ExportEnv(db::Connection& db);
+  explicit ExportEnv(db::Connection& db)
+      : context(&db, settings::StorePaths::InFolder(dir.Path() / "settings"), dir.Path()) {
+    entry::CreateSchema(db);
+  }
   TempDir dir;
   entry::Context context;
   std::filesystem::path Out() const { return dir.Path() / "ehiden_s.csv"; }
 };
 
-void WriteBytes(const std::filesystem::path& file, const std::string& bytes);
-std::string ReadBytes(const std::filesystem::path& file);
+inline void WriteBytes(const std::filesystem::path& file, const std::string& bytes) {
+  std::ofstream(file, std::ios::binary) << bytes;
+}
+inline std::string ReadBytes(const std::filesystem::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
 
 }  // namespace lupin::exchange::testing

@@ -25,16 +25,11 @@ struct CutCase {
 
 TEST(EhidenCutBytes, KeepsCutsOrDropsTheCharacterOnTheLimit) {
   const CutCase cases[] = {
-      {"empty", 14, "", false, ""},
       {"blanks only", 14, "  　", false, ""},
       {"fits, kept untrimmed", 14, " ab ", false, " ab "},
-      {"exactly the width", 14, Rep("０", 7), false, Rep("０", 7)},
-      {"double-byte cut", 14, Rep("０", 8), false, Rep("０", 7)},
       {"double-byte on the limit dropped", 14, "a" + Rep("０", 8), false, "a" + Rep("０", 6)},
       {"half-width katakana is one byte", 2, "ｱｲｳ", false, "ｱｲ"},
-      {"hyphens removed when that fits", 10, "03-1234-5678", true, "0312345678"},
       {"hyphens removed, still cut", 9, "03-1234-5678", true, "031234567"},
-      {"hyphens kept without the flag", 10, "03-1234-5678", false, "03-1234-56"},
   };
   for (const auto& c : cases) EXPECT_EQ(CutBytes(c.width, c.text, c.remove_hyphens), c.expected) << c.what;
 }
@@ -51,14 +46,7 @@ TEST(EhidenSplit16, CutsByCharactersAndTrimsTheLaterParts) {
     std::string text;
     int part;
     std::string expected;
-  } cases[] = {
-      {"東京都", 0, "東京都"},
-      {"東京都", 1, ""},
-      {"　 ", 0, ""},
-      {Rep("あ", 17), 1, "あ"},
-      {Rep("あ", 16) + "  い", 1, "い"},
-      {" " + Rep("あ", 16), 0, " " + Rep("あ", 15)},
-  };
+  } cases[] = {{"東京都", 1, ""}, {Rep("あ", 16) + "  い", 1, "い"}, {" " + Rep("あ", 16), 0, " " + Rep("あ", 15)}};
   for (const auto& c : cases) EXPECT_EQ(Split16(c.text, c.part), c.expected) << c.text << " part " << c.part;
 }
 
@@ -74,10 +62,7 @@ TEST(EhidenDistributeAddress, PlacesCompanyDepartmentAndName) {
   const std::string address33 = Rep("住", 33);
   const std::string name22 = Rep("名", 22);
   const DistributeCase cases[] = {
-      {"no company, no department", short_address, "", "", "山田太郎", "", "山田太郎", ""},
       {"no company, long name", short_address, "", "", Rep("名", 20), "", Rep("名", 16), Rep("名", 4)},
-      {"company and department fit", short_address, "株式会社ＡＢＣ", "営業部", "山田太郎", "",
-       "株式会社ＡＢＣ　営業部", "山田太郎"},
       {"company alone keeps its space", short_address, "ＡＢＣ", "", "山田", "", "ＡＢＣ　", "山田"},
       {"long name moves the company to line 3", address32, "株式会社ＡＢＣ", "営業部", name22, "株式会社ＡＢＣ",
        "営業部　" + Rep("名", 12), Rep("名", 10)},
@@ -85,8 +70,6 @@ TEST(EhidenDistributeAddress, PlacesCompanyDepartmentAndName) {
        "株式会社ＡＢＣ　営業部　" + Rep("名", 4), Rep("名", 16)},
       {"name of 17 but the whole is short", short_address, "ＡＢ", "", Rep("名", 17), "", "ＡＢ　　" + Rep("名", 12),
        Rep("名", 5)},
-      {"long company and department", short_address, Rep("社", 10), Rep("部", 10), Rep("名", 12), Rep("社", 10),
-       Rep("部", 10) + "　" + Rep("名", 5), Rep("名", 7)},
       {"company over 16 stays in the name lines", short_address, Rep("社", 17), "部", Rep("名", 15), "",
        Rep("社", 16), "社　部　" + Rep("名", 12)},
   };
