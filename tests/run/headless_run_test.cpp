@@ -96,9 +96,6 @@ TEST_P(HeadlessRunTest, OnlyChecksTheNamedRowsAndPrintsTheTable) {
   EXPECT_EQ(Column(Db(), "SELECT [ID] FROM [WK_PRINT] ORDER BY [ID]", "ID"), (std::vector<std::string>{"2", "4"}));
   EXPECT_NE(out.str().find("[x]\t2\t"), std::string::npos) << out.str();
   EXPECT_NE(out.str().find("[ ]\t1\t"), std::string::npos) << out.str();
-  options.json = true;
-  ASSERT_EQ(Run(), 0);
-  EXPECT_NE(out.str().find("\"checked\": true"), std::string::npos) << out.str();
 }
 
 TEST_P(HeadlessRunTest, StopsWithAMessageWhenNothingIsFoundOrTheReportIsUnknown) {

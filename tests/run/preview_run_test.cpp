@@ -127,7 +127,6 @@ TEST_P(PreviewRun, PagesThatCannotGoOutLeaveTheBookkeepingStanding) {
   };
   const Case cases[] = {
       {"default printer, server unreachable", "", "", "既定のプリンタに印刷できません: "},
-      {"named queue, server unreachable", "LupinPDF", "", "プリンタ 'LupinPDF' に印刷できません: "},
       {"file name taken by a folder", "", File("taken").string(), "を書き込めません"},
   };
   testing::UseCupsServer("127.0.0.1:9");

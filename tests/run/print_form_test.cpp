@@ -106,32 +106,6 @@ TEST_P(PrintFormTest, CollectReportsShowTaxAndTheStampFlagFromThirtyThousandNet)
   EXPECT_DOUBLE_EQ(f.OrderTaxTotal(99), 0);
 }
 
-TEST_P(PrintFormTest, ColumnsFollowTheDefinition) {
-  AddOrder(Db(), {.id = 7, .name = "名", .tel = "0312345678", .company = "社", .zip = "100-0001"});
-  auto& def = env->context.current;
-  def.date_label = "出荷予定";
-  def.biko_lbl[0] = "備考";
-  def.biko_fld[0] = "備考1";
-  auto& f = Open();
-  EXPECT_EQ(f.sprList.Caption(kColReportDate), "出荷予定");
-  EXPECT_FALSE(f.sprList.ColHidden(kColBiko1));
-  EXPECT_EQ(f.sprList.Caption(kColBiko1), "備考");
-  EXPECT_TRUE(f.sprList.ColHidden(kColBiko2));
-  EXPECT_TRUE(f.sprList.ColHidden(kColTax)) << "report 18 carries no amount to collect";
-  EXPECT_TRUE(f.sprList.ColHidden(kColItem1));
-  const std::pair<int, const char*> cells[] = {{kColCheck, "1"},         {kColId, "7"},          {kColName, "名"},
-                                               {kColCompany, "社"},      {kColBiko1, "remark 7"}, {kColOrderDate, "2024/04/01"},
-                                               {kColReportDate, "2024/04/10"}, {kColZip, "1000001"}, {kColTel, "0312345678"},
-                                               {kColItem1, "ITEM-1"},    {kColBiko2, ""}};
-  for (const auto& [col, text] : cells) EXPECT_EQ(f.sprList.Text(1, col), text) << col;
-  std::ifstream trace(env->folder.Path() / "trace.log");
-  std::stringstream content;
-  content << trace.rdbuf();
-  EXPECT_NE(content.str().find("\tdisplay start"), std::string::npos);
-  EXPECT_NE(content.str().find("\t行:1"), std::string::npos);
-  EXPECT_NE(content.str().find("\tdisplay end"), std::string::npos);
-}
-
 TEST_P(PrintFormTest, AnEmptyListSaysSoAndLeavesStagingAlone) {
   Db().Execute("INSERT INTO [WK_PRINT]([ID],[CLIENT_NAME]) VALUES(5,'PC01')");
   auto& f = Open();
@@ -210,21 +184,6 @@ TEST_P(PrintFormTest, DeferredPaymentFilesNeedAPathFirst) {
   EXPECT_EQ(ui.texts.back(), "出力先を指定して下さい。");
   EXPECT_TRUE(seen.empty());
   EXPECT_EQ(Count(Db(), "FROM [PRINTED]"), 0);
-}
-
-TEST_P(PrintFormTest, PathDialogStartsFromTheSettingOrTheDefault) {
-  AddOrder(Db(), {.id = 1, .name = "a"});
-  env->context.current.report_no = 101;
-  auto& f = Open();
-  auto start = f.cmdPath_Start();
-  EXPECT_EQ(start.setting, "AmazonSyukkaPath");
-  EXPECT_EQ(start.default_path, (env->folder.Path() / "ShippingConfirm.txt").string());
-  EXPECT_EQ(start.filter, "ﾃｷｽﾄﾌｧｲﾙ (*.txt)|*.txt|全て (*.*)|*.*");
-  EXPECT_TRUE(start.current.empty());
-  f.cmdPath_Confirm("/data/amazon.txt");
-  EXPECT_EQ(f.cmdPath_Start().current, "/data/amazon.txt");
-  EXPECT_EQ(FileReportTargetOf(env->context, 97).default_path, "C:\\B2SE\\INPUT");
-  EXPECT_EQ(FileReportTargetOf(env->context, 97).filter, "CSVﾌｧｲﾙ (*.csv)|*.csv|全て (*.*)|*.*");
 }
 
 TEST_P(PrintFormTest, CustomerReportsFillTheCustomerGrid) {

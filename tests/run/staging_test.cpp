@@ -44,17 +44,6 @@ TEST(OrderInsert, WritesTheRowAsTheStatementAlwaysWas) {
                     "'株式会社''A','PC''1',1122.5,1)");
 }
 
-TEST(CustomerInsert, CarriesTheCustomerNumberAsAmount) {
-  common::Grid grid(1, kCustomerColumns);
-  grid.SetText(1, kCusCompany, "会社");
-  grid.SetText(1, kCusName, "顧客'名");
-  grid.SetText(1, kCusTel, "03-1111");
-  grid.SetText(1, kCusZip, "1500001");
-  grid.SetText(1, kCusNo, "4711");
-  EXPECT_EQ(CustomerInsert(grid, 1, 3, "PC01"),
-            kHead + "3,'顧客''名','','','','','','',4711,'','03-1111','1500001','会社','PC01',0,0)");
-}
-
 class StagingTest : public lupin::testing::EngineTest {
  protected:
   void SetUp() override {
@@ -84,14 +73,6 @@ TEST_P(StagingTest, AFailingStatementLeavesThePreviousRows) {
   EXPECT_FALSE(result.error.empty());
   EXPECT_EQ(Staged("PC01"), (std::vector<std::string>{"1", "2"}));
   EXPECT_FALSE(Db().InTransaction());
-}
-
-TEST_P(StagingTest, NothingCheckedStillClearsTheOldRows) {
-  ASSERT_TRUE(StageRows(Db(), "PC01", OrderGrid({{"1", true}}), false, 18).ok);
-  const auto result = StageRows(Db(), "PC01", OrderGrid({{"2", false}}), false, 18);
-  EXPECT_TRUE(result.ok);
-  EXPECT_FALSE(result.has_data);
-  EXPECT_TRUE(Staged("PC01").empty());
 }
 
 TEST_P(StagingTest, CustomerRowsAreNumberedAndCarryTheCustomer) {
