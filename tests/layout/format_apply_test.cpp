@@ -65,17 +65,6 @@ INSTANTIATE_TEST_SUITE_P(
                     EXPECT_EQ(added.Width, 2835);
                     EXPECT_EQ(added.Height, 340);
                   }},
-        ApplyCase{"missing_control_without_text_is_an_empty_label",
-                  "<field=lblEmpty><left>5</left><width>10</width></field>",
-                  [](engine::Report& report) {
-                    auto& added = Item(report, "lblEmpty");
-                    EXPECT_EQ(added.Caption, "");
-                    EXPECT_EQ(added.Font.size, 9);
-                    EXPECT_EQ(added.Left, 284);
-                    EXPECT_EQ(added.Width, 567);
-                  }},
-        ApplyCase{"text_does_not_touch_an_existing_label", "<field=lblShopNote><text>置換</text></field>",
-                  [](engine::Report& report) { EXPECT_EQ(Item(report, "lblShopNote").Caption, "設計の文字"); }},
         ApplyCase{"visible_alone_moves_to_the_corner_and_resets_to_9_points",
                   "<field=lblShopNote><visible>1</visible></field>",
                   [](engine::Report& report) {
@@ -89,13 +78,6 @@ INSTANTIATE_TEST_SUITE_P(
                     EXPECT_EQ(note.Height, 400);
                     EXPECT_EQ(note.Tag, "keep") << "a control the format shows keeps its tag";
                   }},
-        ApplyCase{"zero_or_negative_size_keeps_the_size",
-                  "<field=txtBiko1><width>0</width><height>-3</height><left>1</left></field>",
-                  [](engine::Report& report) {
-                    EXPECT_EQ(Item(report, "txtBiko1").Width, 2500);
-                    EXPECT_EQ(Item(report, "txtBiko1").Height, 300);
-                    EXPECT_EQ(Item(report, "txtBiko1").Left, 57);
-                  }},
         ApplyCase{"hidden_control_is_marked_for_good", "<field=txtBiko1><visible>0</visible></field>",
                   [](engine::Report& report) {
                     EXPECT_FALSE(Item(report, "txtBiko1").Visible);
@@ -103,11 +85,6 @@ INSTANTIATE_TEST_SUITE_P(
                   }},
         ApplyCase{"full_width_name_is_ignored", "<field=ｌｂｌＡ><text>x</text></field><field=lbl＿B></field>",
                   [](engine::Report& report) { EXPECT_EQ(report.Detail().Controls().Count(), 3u); }},
-        ApplyCase{"alignment_arrives_by_name", "<field=lblShopNote><alignment>1</alignment><left>3</left></field>",
-                  [](engine::Report& report) {
-                    EXPECT_EQ(Item(report, "lblShopNote").alignment, engine::Alignment::Right);
-                    EXPECT_EQ(Item(report, "lblShopNote").Left, 170);
-                  }},
         ApplyCase{"a_control_element_fails_quietly",
                   "<field=lblShopNote><control><left>5</left></control><top>2</top></field>",
                   [](engine::Report& report) {
@@ -118,12 +95,6 @@ INSTANTIATE_TEST_SUITE_P(
                   [](engine::Report& report) {
                     EXPECT_EQ(Item(report, "txtBiko1").Left, 578);
                     EXPECT_EQ(Item(report, "txtBiko1").Top, 0);
-                  }},
-        ApplyCase{"shape_ignores_the_font_and_takes_the_rest",
-                  "<field=shpBox><fontname>ＭＳ ゴシック</fontname><fontsize>14</fontsize><left>1</left><top>1</top></field>",
-                  [](engine::Report& report) {
-                    EXPECT_EQ(Item(report, "shpBox").Left, 57);
-                    EXPECT_EQ(Item(report, "shpBox").Top, 57);
                   }},
         ApplyCase{"a_page_header_control_cannot_be_reached",
                   "<field=lblTitle><left>30</left><top>1</top></field>",
