@@ -32,11 +32,10 @@ TEST(CatalogueListing, TableColumnsLineUpInDisplayWidth) {
   const std::vector<std::string> lines = Lines(FormatCatalogueTable(kRows));
   ASSERT_EQ(lines.size(), 5u);
   // The output column starts at the same display position on every line.
-  const int caption_column = ColumnOf(lines[0], "出力");
-  EXPECT_EQ(ColumnOf(lines[1], "帳票"), caption_column);
-  EXPECT_EQ(ColumnOf(lines[2], "帳票"), caption_column);
-  EXPECT_EQ(ColumnOf(lines[3], "ファイル"), caption_column);
-  EXPECT_EQ(ColumnOf(lines[4], "なし"), caption_column);
+  const int column = ColumnOf(lines[0], "出力");
+  for (const auto& [line, cell] : {std::pair{1, "帳票"}, {2, "帳票"}, {3, "ファイル"}, {4, "なし"}}) {
+    EXPECT_EQ(ColumnOf(lines[line], cell), column) << cell;
+  }
   for (const char* cell : {"無効", "rptYamatoNew", "ヤマト"}) EXPECT_NE(lines[2].find(cell), std::string::npos) << cell;
   for (const char* cell : {"modEhiden3Csv", "佐川"}) EXPECT_NE(lines[3].find(cell), std::string::npos) << cell;
   for (const std::string& line : lines) EXPECT_NE(line.back(), ' ');
@@ -45,9 +44,8 @@ TEST(CatalogueListing, TableColumnsLineUpInDisplayWidth) {
 class CatalogueRowsTest : public testing::ReportDbTest {};
 
 TEST_P(CatalogueRowsTest, RowsInListOrder) {
-  Db().Execute("INSERT INTO [REPORT] ([REPORT_NO], [REPORT_NAME], [ORD], [ENABLED]) VALUES (91, 'e-飛伝', 2, 1)");
-  Db().Execute("INSERT INTO [REPORT] ([REPORT_NO], [REPORT_NAME], [ORD], [ENABLED]) VALUES (0, '納品書', 2, 0)");
-  Db().Execute("INSERT INTO [REPORT] ([REPORT_NO], [REPORT_NAME], [ORD], [ENABLED]) VALUES (25, 'ヤマト', 1, 1)");
+  Db().Execute("INSERT INTO [REPORT] ([REPORT_NO], [REPORT_NAME], [ORD], [ENABLED]) VALUES (91, 'e-飛伝', 2, 1), "
+               "(0, '納品書', 2, 0), (25, 'ヤマト', 1, 1)");
   Db().Execute("INSERT INTO [REPORT] ([REPORT_NO], [REPORT_NAME], [ORD]) VALUES (4, NULL, NULL)");
   const std::vector<CatalogueRow> rows = ReadCatalogueRows(Db());
   ASSERT_EQ(rows.size(), 4u);

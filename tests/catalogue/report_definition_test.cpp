@@ -20,15 +20,11 @@ class LoadDefinitionTest : public testing::ReportDbTest {
   // A Sagawa slip row as a shop would have it: a printer, paper and margins in the table.
   void InsertSagawa(const std::string& name = "佐川宅配伝票") {
     Db().Execute(
-        "INSERT INTO [REPORT] ([REPORT_NO], [REPORT_NAME], [ORD], [ENABLED], [PAPER_TYPE], [DEVICE_NAME], "
-        "[PAPER_SIZE], [PAPER_BIN], [MARGIN_LEFT], [MARGIN_TOP], [MARGIN_RIGHT], [MARGIN_BOTTOM], [Orientation], "
-        "[Where], [DATE_LABEL], [DATE_FIELD], [USE_PAPER_TYPE], [MEMO1], [MEMO2], [MEMO3], "
-        "[FLD_LBL1], [FLD_LBL2], [FLD_TXT1], [FLD_TXT2], [FLD_TXT3], [FLD_TOOLTIP1], [FLD_TOOLTIP5], "
-        "[PAYMENT_INIT], [BIKO_LBL1], [BIKO_FLD1], [BIKO_FLD2], [LBL_RPT], [OTHER_TBL_NAME]) VALUES "
-        "(18, '" + name + "', 5, 1, 1, 'Slip-Printer', 256, 4, 120, 80, 60, 40, 2, "
-        "10, '出荷日', '出荷日', 1, 'メモ一', '', 'メモ三', "
-        "'お届け時間', '', '午前中', '隠れた文字', '孤立した文字', 'ヒント一', 'ヒント五', "
-        "2, '備考', '備考1', '備考2', 0, '')");
+        "INSERT INTO [REPORT] ([REPORT_NO], [REPORT_NAME], [PAPER_TYPE], [DEVICE_NAME], [PAPER_SIZE], [PAPER_BIN], "
+        "[MARGIN_LEFT], [MARGIN_TOP], [MARGIN_RIGHT], [MARGIN_BOTTOM], [Orientation], [DATE_LABEL], [MEMO1], [MEMO2], "
+        "[MEMO3], [FLD_LBL1], [FLD_LBL2], [FLD_TXT1], [FLD_TXT2], [FLD_TXT3], [BIKO_LBL1], [BIKO_FLD1], [BIKO_FLD2]) "
+        "VALUES (18, '" + name + "', 1, 'Slip-Printer', 256, 4, 120, 80, 60, 40, 2, '出荷日', 'メモ一', '', 'メモ三', "
+        "'お届け時間', '', '午前中', '隠れた文字', '孤立した文字', '備考', '備考1', '備考2')");
   }
 };
 
@@ -36,24 +32,19 @@ TEST_P(LoadDefinitionTest, ReadsTheRowIntoTheCurrentDefinition) {
   InsertSagawa();
   ASSERT_TRUE(LoadReportDefinition(*context_, 18));
   const entry::ReportDefinition& def = context_->current;
-  EXPECT_EQ(def.report_no, 18);
-  EXPECT_EQ(def.report_name, "佐川宅配伝票");
-  EXPECT_EQ(def.device_name, "Slip-Printer");
+  EXPECT_EQ(def.report_name + "|" + def.device_name + "|" + def.date_label, "佐川宅配伝票|Slip-Printer|出荷日");
   EXPECT_EQ((std::array<int, 4>{def.paper_type, def.paper_size, def.paper_bin, def.orientation}),
             (std::array<int, 4>{1, 256, 4, 2}));
   EXPECT_EQ((std::array{def.margin_left, def.margin_top, def.margin_right, def.margin_bottom}),
             (std::array<std::int32_t, 4>{120, 80, 60, 40}));
-  EXPECT_EQ((std::array{def.where, def.use_paper_type, def.payment_init}), (std::array{10, 1, 2}));
-  EXPECT_EQ(def.date_label + "|" + def.date_field, "出荷日|出荷日");
   EXPECT_EQ(def.memo, (std::array<std::string, 3>{"メモ一", "", "メモ三"}));
-  EXPECT_EQ(def.fld_tooltip[0] + "|" + def.fld_tooltip[4], "ヒント一|ヒント五");
-  EXPECT_EQ(def.other_tbl_name, "");
   // Texts count only under a label: FLD_TXT2 and FLD_TXT3 hold text, but their labels are empty.
-  EXPECT_EQ(def.fld_lbl[0], "お届け時間");
   EXPECT_EQ((std::array{def.fld_txt[0], def.fld_txt[1], def.fld_txt[2]}),
             (std::array<std::string, 3>{"午前中", "", ""}));
-  EXPECT_EQ(def.biko_lbl[0], "備考");
   EXPECT_EQ((std::array{def.biko_fld[0], def.biko_fld[1]}), (std::array<std::string, 2>{"備考1", ""}));
+  // A missing number keeps the previous definition.
+  EXPECT_FALSE(LoadReportDefinition(*context_, 25));
+  EXPECT_EQ(def.report_name, "佐川宅配伝票");
 }
 
 TEST_P(LoadDefinitionTest, NullColumnsReadAsEmptyAndZero) {
@@ -67,14 +58,6 @@ TEST_P(LoadDefinitionTest, NullColumnsReadAsEmptyAndZero) {
   EXPECT_EQ(def.report_no, 4);
   EXPECT_EQ(def.device_name + def.fld_txt[0] + def.date_field, "");
   EXPECT_EQ((std::array<int, 4>{def.paper_size, def.paper_type, def.where, def.lbl_rpt}), (std::array<int, 4>{}));
-}
-
-TEST_P(LoadDefinitionTest, MissingNumberKeepsThePreviousDefinition) {
-  InsertSagawa();
-  ASSERT_TRUE(LoadReportDefinition(*context_, 18));
-  EXPECT_FALSE(LoadReportDefinition(*context_, 25));
-  EXPECT_EQ(context_->current.report_no, 18);
-  EXPECT_EQ(context_->current.report_name, "佐川宅配伝票");
 }
 
 TEST_P(LoadDefinitionTest, WorkstationFileOverridesPrinterButNeverRightAndBottom) {
@@ -92,22 +75,15 @@ TEST_P(LoadDefinitionTest, WorkstationFileOverridesPrinterButNeverRightAndBottom
             (std::array<std::int32_t, 4>{300, 80, 60, 40}));
 }
 
-TEST_P(LoadDefinitionTest, RenamedReportOrphansItsOverrides) {
-  InsertSagawa();
+// Overrides are found by the report's name, and only in the component directory's REPORT.INI.
+TEST_P(LoadDefinitionTest, OverridesElsewhereDoNotCount) {
+  InsertSagawa("佐川 (新)");
   PutReportIni("[佐川宅配伝票]\nDEVICE_NAME=Office\nPAPER_SIZE=9\n");
-  Db().Execute("UPDATE [REPORT] SET [REPORT_NAME] = '佐川 (新)' WHERE [REPORT_NO] = 18");
+  std::ofstream(home_ / "lupin_catalogue_tests.INI") << "[佐川 (新)]\nPAPER_SIZE=9\n";
+  fs::create_directories(home_ / "other");
+  std::ofstream(home_ / "other" / "REPORT.INI") << "[佐川 (新)]\nPAPER_SIZE=9\n";
   ASSERT_TRUE(LoadReportDefinition(*context_, 18));
   EXPECT_EQ(context_->current.device_name, "Slip-Printer");
-  EXPECT_EQ(context_->current.paper_size, 256);
-}
-
-TEST_P(LoadDefinitionTest, OnlyTheComponentDirectoryFileCounts) {
-  InsertSagawa();
-  // The program's own INI beside it is not the report settings file.
-  std::ofstream(home_ / "lupin_catalogue_tests.INI") << "[佐川宅配伝票]\nPAPER_SIZE=9\n";
-  fs::create_directories(home_ / "other");
-  std::ofstream(home_ / "other" / "REPORT.INI") << "[佐川宅配伝票]\nPAPER_SIZE=9\n";
-  ASSERT_TRUE(LoadReportDefinition(*context_, 18));
   EXPECT_EQ(context_->current.paper_size, 256);
 }
 

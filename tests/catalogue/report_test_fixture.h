@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <random>
 #include <string>
 
 #include "entry/context.h"
@@ -16,12 +17,7 @@ class ReportDbTest : public lupin::testing::EngineTest {
   void SetUp() override {
     EngineTest::SetUp();
     entry::CreateSchema(Db());
-    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-    std::string name = std::string(info->test_suite_name()) + "_" + info->name();
-    for (char& c : name)
-      if (c == '/') c = '_';
-    home_ = std::filesystem::temp_directory_path() / ("lupin_catalogue_" + name);
-    std::filesystem::remove_all(home_);
+    home_ = std::filesystem::temp_directory_path() / ("lupin_catalogue_" + std::to_string(std::random_device{}()));
     std::filesystem::create_directories(home_);
     context_ = std::make_unique<entry::Context>(&Db(), settings::StorePaths::InFolder(home_), home_);
   }
