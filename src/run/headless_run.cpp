@@ -361,7 +361,6 @@ int RunHeadless(const RunOptions& o, std::ostream& out, std::ostream& err, Previ
 
   StreamUi ui(err);
   try {
-    entry::InitialiseContextSettings(ctx);
     SelectForm form(ctx, ui);
     form.Form_Load();
     form.Form_Activate();

@@ -12,7 +12,6 @@ namespace lupin::run {
 namespace {
 
 constexpr int kListSortSetting = 34;
-constexpr int kTaxSetting = 8;
 
 std::string Today() { return vb::FormatDate(vb::Today(), "YYYY/MM/DD"); }
 
@@ -45,12 +44,12 @@ void SelectForm::Message(std::string_view text) {
 
 void SelectForm::Form_Initialize() {
   activated_ = false;
-  context_.dialect = static_cast<int>(vb::Val(context_.settings.GetSetting(0, "1", "ResouceMode")));
+  // The settings folder, the dialect and the tax rate, once per creation of the form.
+  entry::InitialiseContextSettings(context_);
   closed = 0;
 }
 
 void SelectForm::Form_Load() {
-  context_.tax_rate = static_cast<float>(vb::Val(context_.settings.GetSetting(kTaxSetting, "0.05")));
   loaded_ = true;
 }
 
