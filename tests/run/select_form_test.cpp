@@ -195,6 +195,23 @@ TEST_P(SelectFormTest, SpinsStepOverMonthEndsAndStopAtTheLastRecord) {
   EXPECT_EQ(form->txtId[1].text, "5") << "no earlier record leaves the box";
 }
 
+TEST_P(SelectFormTest, DataStringsFromTheListWindows) {
+  Pick(18);
+  Db().Execute("INSERT INTO [CUSTOMER]([顧客NO],[顧客会社名],[顧客名],[TEL番号]) VALUES(77,'社','客','03-5555')");
+  Db().Execute("INSERT INTO [ITEM]([ITEM_ID],[ITEM_NAME]) VALUES('X1','品物')");
+  EXPECT_TRUE(form->S_RecvData("CUSNO=77"));
+  EXPECT_EQ(form->txtCustomer.text, "03-5555");
+  EXPECT_EQ(form->chkOption[0].value, 1);
+  EXPECT_TRUE(form->S_RecvData("ORDERNO=5"));
+  EXPECT_EQ(form->txtId[0].text, "5");
+  EXPECT_EQ(form->txtId[1].text, "5");
+  EXPECT_TRUE(form->S_RecvData("ITEM=X1"));
+  EXPECT_EQ(form->lblItem_name[0].caption, "品物");
+  EXPECT_FALSE(form->S_RecvData("CLOSEMSG"));
+  EXPECT_TRUE(form->S_RecvData("CUSNO=1"));
+  EXPECT_TRUE(form->txtCustomer.text.empty()) << "an unknown customer clears the box";
+}
+
 LUPIN_INSTANTIATE_ENGINES(SelectFormTest);
 
 }  // namespace
