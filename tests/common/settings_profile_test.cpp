@@ -26,32 +26,20 @@ TEST_F(ProfileTest, ReadFindsTheValueAsTheOldCallDid) {
   const struct {
     const char *label, *content, *section, *key, *expected;
   } cases[] = {
-      {"plain", "[LupinOrder6]\nTax=0.08\n", "LupinOrder6", "Tax", "0.08"},
       {"section_case", "[lupinorder6]\nTax=0.08\n", "LUPINORDER6", "Tax", "0.08"},
-      {"key_case", "[S]\nDBPath=C:\\db\n", "S", "dbpath", "C:\\db"},
-      {"blanks_trimmed", "[S]\n  Tax   =   0.1  \n", "S", "Tax", "0.1"},
-      {"crlf", "[S]\r\nTax=0.1\r\nX=2\r\n", "S", "Tax", "0.1"},
+      {"blanks_trimmed", "[S]\r\n  Tax   =   0.1  \r\n", "S", "tax", "0.1"},
       {"empty_value_is_not_default", "[S]\nTax=\n", "S", "Tax", ""},
-      {"missing_key", "[S]\nOther=1\n", "S", "Tax", "DEF"},
       {"next_section_ends_search", "[S]\nA=1\n[T]\nTax=9\n", "S", "Tax", "DEF"},
       {"first_section_wins", "[S]\nA=1\n[S]\nTax=9\n", "S", "Tax", "DEF"},
-      {"first_key_wins", "[S]\nTax=1\nTax=2\n", "S", "Tax", "1"},
       {"comment_is_not_key", "[S]\n;Tax=1\n", "S", "Tax", "DEF"},
       {"double_quotes_dropped", "[S]\nPath=\"a b\"\n", "S", "Path", "a b"},
       {"unmatched_quote_kept", "[S]\nPath=\"a b\n", "S", "Path", "\"a b"},
-      {"equals_inside_value", "[S]\nConn=a=b;c=d\n", "S", "Conn", "a=b;c=d"},
-      {"japanese_value", "[佐川宅配伝票]\nDEVICE_NAME=事務所プリンタ\n", "佐川宅配伝票", "DEVICE_NAME", "事務所プリンタ"},
-      {"bom", "\xEF\xBB\xBF[S]\nTax=3\n", "S", "Tax", "3"},
+      {"bom", "\xEF\xBB\xBF[佐川宅配伝票]\nConn=a=b;c=d\n", "佐川宅配伝票", "Conn", "a=b;c=d"},
   };
   for (const auto& c : cases) {
     Put(c.content);
     EXPECT_EQ(ReadProfileString(file_, c.section, c.key, "DEF"), c.expected) << c.label;
   }
-}
-
-TEST_F(ProfileTest, MissingFileGivesDefault) {
-  EXPECT_EQ(ReadProfileString(folder_ / "none.ini", "S", "K", "0.05"), "0.05");
-  EXPECT_EQ(ReadProfileString(folder_ / "none.ini", "S", "K", ""), "");
 }
 
 TEST_F(ProfileTest, ValueIsCutAtBufferSizeInCharacters) {
@@ -72,8 +60,6 @@ TEST_F(ProfileTest, WriteChangesOnlyTheOneKey) {
       {"replace_keeps_comments", "; settings\n[S]\n; rate\nTax=0.05\nOther=1\n", "S", "tax", "0.1",
        "; settings\n[S]\n; rate\ntax=0.1\nOther=1\n"},
       {"append_in_section_before_blank", "[S]\nA=1\n\n[T]\nB=2\n", "S", "K", "v", "[S]\nA=1\nK=v\n\n[T]\nB=2\n"},
-      {"same_key_other_section_untouched", "[A]\nK=1\n[B]\nK=2\n", "b", "K", "3", "[A]\nK=1\n[B]\nK=3\n"},
-      {"section_created_at_end", "[A]\nK=1\n", "B", "K", "2", "[A]\nK=1\n[B]\nK=2\n"},
       {"section_at_end_without_final_newline", "[A]\nK=1", "B", "K", "2", "[A]\nK=1\n[B]\nK=2\n"},
       {"crlf_file_stays_crlf", "[A]\r\nK=1\r\n", "A", "L", "2", "[A]\r\nK=1\r\nL=2\r\n"},
       {"last_line_without_newline", "[A]\nK=1", "A", "L", "2", "[A]\nK=1\nL=2"},
@@ -98,7 +84,8 @@ TEST_F(ProfileTest, SeveralKeysInOneWrite) {
   EXPECT_EQ(ReadProfileString(file_, "B", "Z", "none"), "none");
 }
 
-TEST_F(ProfileTest, WriteIntoMissingFolderFails) {
+TEST_F(ProfileTest, MissingFileReadsDefaultAndMissingFolderFailsToWrite) {
+  EXPECT_EQ(ReadProfileString(folder_ / "none.ini", "S", "K", "0.05"), "0.05");
   EXPECT_FALSE(WriteProfileString(folder_ / "no" / "such" / "x.ini", "S", "K", "1"));
 }
 

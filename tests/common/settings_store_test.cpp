@@ -58,13 +58,12 @@ TEST_F(StoreTest, SaveGoesToItsStoreOrToFallbackWithoutMachineStore) {
     const char* key;    // the key that ends up written
     const char* store;  // where, with the machine store present
   } cases[] = {
-      {7, "", "DBPath", "machine"}, {21, "", "UidlPath", "machine"},
+      {7, "", "DBPath", "machine"},
       // Read from the machine store, yet written to the user file.
-      {1, "", "BDBPath", "user"}, {19, "", "RDbPath", "user"},
+      {19, "", "RDbPath", "user"},
       // 32 has no name for writing: the given name is used.
       {32, "MyFormat", "MyFormat", "user"},
-      {0, "ConnectString", "ConnectString", "machine"}, {0, "ResouceMode", "ResouceMode", "machine"},
-      {0, "YupackPath", "YupackPath", "user"},
+      {0, "ConnectString", "ConnectString", "machine"}, {0, "YupackPath", "YupackPath", "user"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(std::to_string(c.number) + " " + c.key);
@@ -112,16 +111,12 @@ TEST_F(StoreTest, GetReadsTheRightStore) {
       {7, "", "m", "u", "f", true, "m"},
       {7, "", nullptr, "u", "f", true, "D"},  // a machine key missing gives the default
       {8, "", "m", "u", "f", true, "u"},
-      {8, "", "m", nullptr, "f", true, "D"},  // so does a user key
-      {0, "ICatsPath", "m", "u", "f", true, "u"},
       {0, "ICatsPath", "m", "", "f", true, "m"},  // by name an empty user value falls to the machine
-      {0, "ICatsPath", nullptr, nullptr, "f", true, "D"},
+      {8, "", "m", "", "f", true, ""},            // by number an empty user value is empty
       // Without a machine store everything comes from the fallback.
-      {7, "", nullptr, "u", "f", false, "f"}, {0, "ICatsPath", nullptr, "u", "f", false, "f"},
-      {8, "", nullptr, "u", nullptr, false, "D"},
-      {8, "", "m", "", "f", true, ""},  // by number an empty user value is empty
+      {0, "ICatsPath", nullptr, "u", "f", false, "f"}, {8, "", nullptr, "u", nullptr, false, "D"},
       {31, "Extra", "m", nullptr, nullptr, true, "D"},  // outside the table: the user file only
-      {32, "", "m", "u", "f", true, "m"}, {1, "", nullptr, "u", "f", true, "D"},
+      {32, "", "m", "u", "f", true, "m"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(std::to_string(c.number) + " " + c.name + (c.machine_exists ? "" : " without machine store"));

@@ -11,8 +11,9 @@ struct LenCase {
 };
 
 TEST(ByteLen, CountsShiftJisBytes) {
-  const LenCase cases[] = {{"", 0}, {"abc", 3}, {"東京都", 6}, {"ｱｲｳ", 3}, {"ｶﾞ", 2}, {"ガ", 2},
-                           {"東京都港区1-2-3 ﾋﾞﾙ4F", 10 + 5 + 1 + 3 + 2}, {"　", 2}, {"①㈱", 4}};
+  const LenCase cases[] = {
+      {"", 0}, {"ｶﾞ", 2}, {"東京都港区1-2-3 ﾋﾞﾙ4F", 10 + 5 + 1 + 3 + 2}, {"①㈱", 4},
+  };
   for (const auto& c : cases) EXPECT_EQ(ByteLen(c.text), c.bytes) << c.text;
 }
 
@@ -24,9 +25,7 @@ struct LeftCase {
 
 TEST(ByteLeft, NeverCutsADoubleByteCharacter) {
   const LeftCase cases[] = {
-      {"東京都abc", 5, "東京"},   {"東京都abc", 6, "東京都"}, {"東京都abc", 7, "東京都a"},
-      {"aあb", 2, "a"},           {"aあb", 3, "aあ"},         {"ｱｲｳ", 2, "ｱｲ"},
-      {"東京", 0, ""},            {"東京", -3, ""},           {"東京", 99, "東京"},
+      {"東京都abc", 5, "東京"}, {"aあb", 2, "a"}, {"東京", -3, ""},
       {"\u301Cx", 3, "～x"},  // what comes back is what CP932 holds
       {"😀ab", 2, "?a"},
   };
@@ -42,9 +41,7 @@ struct MidCase {
 
 TEST(ByteMid, TakesBytesFromAOneBasedStart) {
   const MidCase cases[] = {
-      {"東京都港区", 3, 4, "京都"}, {"東京都港区", 7, 0, "港区"}, {"東京都港区", 7, 99, "港区"},
-      {"東京都港区", 11, 0, ""},    {"東京都", 1, 3, "東"},      {"abcdef", 2, 3, "bcd"},
-      {"ab東京", 3, 0, "東京"},     {"ab東京", 1, 1, "a"},       {"ｱｲｳｴ", 2, 2, "ｲｳ"},
+      {"東京都港区", 3, 4, "京都"}, {"東京都港区", 7, 0, "港区"}, {"東京都港区", 11, 0, ""}, {"ｱｲｳｴ", 2, 2, "ｲｳ"},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(ByteMid(c.text, c.start, c.count), c.expected) << c.text << " " << c.start << " " << c.count;
@@ -67,13 +64,9 @@ struct ClassCase {
 
 TEST(ByteClass, FollowsTheClassTable) {
   const ClassCase cases[] = {
-      {"", 1, 0},        {"abc", 0, 4},     {"abc", 4, 0},      // empty, position 0, past the end
-      {"!", 1, 0},       {"?", 1, 0},       {"A", 1, 0},        // 33..63 and 64..126 at the start
-      {"アA", 2, 3},     {"アA", 3, 0},     {"aA", 2, 0},       // 64..126 after a lead byte, else 0
-      {"あ", 2, 3},      {"\uE000", 1, 3},  {"髙", 1, 3},       // 160 and 240..252 are always 3
-      {"ｱ", 1, 1},       {"aｱ", 2, 0},      {"漢", 2, 3},       // 161..223
-      {"東", 1, 2},      {"東", 2, 3},      {"東京", 3, 2},     {"東京", 4, 3},  // lead range
-      {"a東", 2, 2},     {" ", 1, 4},       {"\t", 1, 4},       {"\x7F", 1, 4},  // others
+      {"", 1, 0},    {"abc", 0, 4},     {"abc", 4, 0},  // empty, position 0, past the end
+      {"A", 1, 0},   {"アA", 2, 3},     {"aA", 2, 0},   // 64..126 after a lead byte, else 0
+      {"\uE000", 1, 3}, {"aｱ", 2, 0},   {"東京", 3, 2}, {"東京", 4, 3}, {"\x7F", 1, 4},
   };
   for (const auto& c : cases) EXPECT_EQ(ByteClass(c.text, c.position), c.expected) << c.text << " @" << c.position;
 }
@@ -88,11 +81,10 @@ struct InStrCase {
 
 TEST(ByteInStr, ReportsTheBytePositionOfTheFirstMatch) {
   const InStrCase cases[] = {
-      {"東京都 港区", " ", 1, 1, 7},       {"東京都　港区", " ", 1, 1, 7},   {"東京都　港区", " ", 1, 0, 0},
-      {" abc", " ", 1, 0, 0},              // a match at the first character reports 0
-      {"ab ab", "ab", 3, 0, 0},            // start has no effect: the walk begins at character 1
-      {"xab", "ab", 5, 0, 2},              {"abc", "z", 1, 0, 0},           {"株式会社ＡＢＣ", "abc", 1, 1, 9},
-      {"山田(株)", "(株)", 2, 0, 5},       {"ｱｲ1２3", "2", 1, 1, 4},
+      {"東京都　港区", " ", 1, 1, 7}, {"東京都　港区", " ", 1, 0, 0},
+      {" abc", " ", 1, 0, 0},  // a match at the first character reports 0
+      {"ab ab", "ab", 3, 0, 0},  // start has no effect: the walk begins at character 1
+      {"株式会社ＡＢＣ", "abc", 1, 1, 9},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(ByteInStr(c.text, c.find, c.start, c.compare), c.expected) << c.text << " / " << c.find;
@@ -106,9 +98,9 @@ struct LatinCase {
 };
 
 TEST(IsLatinText, AcceptsLettersOnlyInTheirMode) {
-  const LatinCase cases[] = {{"", 0, true},     {"", 7, true},       {"abc", 0, true},  {"ABC", 0, true},
-                             {"ａｂｃ", 0, false}, {"ａｂｃ", 1, true}, {"Ａ", 1, true},  {"ab1", 1, false},
-                             {"abc", 2, false}, {"ア", 1, false},    {"a b", 0, false}};
+  const LatinCase cases[] = {
+      {"", 7, true}, {"ａｂｃ", 0, false}, {"ａｂｃ", 1, true}, {"ab1", 1, false}, {"abc", 2, false}, {"a b", 0, false},
+  };
   for (const auto& c : cases) EXPECT_EQ(IsLatinText(c.text, c.mode), c.expected) << c.text << " mode " << c.mode;
 }
 

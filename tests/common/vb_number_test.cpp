@@ -15,11 +15,8 @@ struct ValCase {
 
 TEST(Val, ReadsTheLeadingNumber) {
   const ValCase cases[] = {
-      {"", 0},          {"abc", 0},        {"12abc", 12},     {"  12.5mm", 12.5}, {"\t-3.5", -3.5},
-      {"1 2 3", 123},   {"1,000", 1},      {"1e3", 1000},     {"1.5D2", 150},     {"1e", 1},
-      {"1e+x", 1},      {"&H1F", 31},      {"&HFFFF", -1},    {"&H10000", 65536}, {"&HFFFFFFFF", -1},
-      {"&O17", 15},     {"&17", 15},       {"&Hzz", 0},       {".5", 0.5},        {"-.5", -0.5},
-      {"+7", 7},        {"--7", 0},        {"１２．５", 12.5}, {"－１　２", -12},
+      {"1 2 3", 123}, {"1,000", 1},  {"1.5D2", 150}, {"1e+x", 1}, {"&HFFFF", -1}, {"&H10000", 65536},
+      {"&17", 15},    {"&Hzz", 0},   {"-.5", -0.5},  {"--7", 0},  {"１２．５", 12.5}, {"－１　２", -12},
   };
   for (const auto& c : cases) EXPECT_DOUBLE_EQ(Val(c.text), c.expected) << c.text;
 }
@@ -34,12 +31,9 @@ struct NumericCase {
 
 TEST(IsNumeric, AcceptsWhatTheRuntimeConverts) {
   const NumericCase cases[] = {
-      {"1,234", true, 1234}, {" 12 ", true, 12},   {"-3.5", true, -3.5}, {"1e3", true, 1000},
-      {"1.", true, 1},       {".5", true, 0.5},    {"(5)", true, -5},    {"\\500", true, 500},
-      {"¥1,000", true, 1000}, {"&H1F", true, 31},  {"+0", true, 0},     {"１，２３４", true, 1234},
-      {"", false, 0},        {"   ", false, 0},    {"abc", false, 0},    {"12abc", false, 0},
-      {".", false, 0},       {"-", false, 0},      {",1", false, 0},     {"1e", false, 0},
-      {"1 2", false, 0},     {"2024/01/05", false, 0}, {"1-", false, 0},
+      {"1,234", true, 1234}, {"1.", true, 1}, {"(5)", true, -5}, {"¥1,000", true, 1000}, {"&H1F", true, 31},
+      {"１，２３４", true, 1234}, {"   ", false, 0}, {"12abc", false, 0}, {",1", false, 0}, {"1 2", false, 0},
+      {"2024/01/05", false, 0}, {"1-", false, 0},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(IsNumeric(c.text), c.numeric) << c.text;
@@ -55,25 +49,19 @@ struct RoundCase {
 };
 
 TEST(CLng, RoundsHalvesToEven) {
-  const RoundCase cases[] = {{0.5, 0},    {1.5, 2},   {2.5, 2},   {3.5, 4},     {-0.5, 0},  {-1.5, -2},
-                             {-2.5, -2},  {2.4999, 2}, {2.5001, 3}, {-2.6, -3}, {2147483647.4, 2147483647},
-                             {-2147483648.5, -2147483647 - 1}};
+  const RoundCase cases[] = {
+      {0.5, 0}, {2.5, 2}, {3.5, 4}, {-2.5, -2}, {2.5001, 3}, {-2147483648.5, -2147483647 - 1},
+  };
   for (const auto& c : cases) EXPECT_EQ(CLng(c.value), c.expected) << c.value;
 }
 
-TEST(CLng, RaisesOutsideTheRange) {
-  const double cases[] = {2147483647.5, 2147483648.0, -2147483649.0, std::numeric_limits<double>::quiet_NaN(),
-                          std::numeric_limits<double>::infinity()};
-  for (double v : cases) EXPECT_THROW(CLng(v), OverflowError) << v;
-}
-
-TEST(CInt, RoundsAndRaisesLikeCLngInSixteenBits) {
-  EXPECT_EQ(CInt(32767.4), 32767);
+TEST(CLng, RaisesOutsideTheRangeAndCIntInSixteenBits) {
+  for (double v : {2147483647.5, -2147483649.0, std::numeric_limits<double>::quiet_NaN()}) {
+    EXPECT_THROW(CLng(v), OverflowError) << v;
+  }
   EXPECT_EQ(CInt(-32768.5), -32768);
-  EXPECT_EQ(CInt(4.5), 4);
   EXPECT_EQ(CInt(5.5), 6);
   EXPECT_THROW(CInt(32767.5), OverflowError);
-  EXPECT_THROW(CInt(-32769), OverflowError);
 }
 
 TEST(IntFix, DifferOnlyForNegatives) {
