@@ -31,61 +31,37 @@ TEST_P(ExpandTemplateTest, FillsTheTextFromTheRow) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Fields, ExpandTemplateTest,
+    Templates, ExpandTemplateTest,
     ::testing::Values(
-        TemplateCase{"Plain", "こんにちは<@氏名@>様", "こんにちは山田太郎様"},
         TemplateCase{"NullLeavesNothing", "<@会社名@>御中", "御中"},
-        TemplateCase{"UnclosedStays", "<@氏名", "<@氏名"},
         TemplateCase{"UnclosedAfterAField", "<@区分@>と<@氏名", "2と<@氏名"},
         TemplateCase{"NumberFormat", "<@請求額|#,##0@>円", "12,345円"},
-        TemplateCase{"NumberFormatOnTextLeavesText", "<@氏名|#,##0@>", "山田太郎"},
         TemplateCase{"DatePlusDaysFormatted", "<@出荷日|DATE|7|YYYY/MM/DD@>", "2024/02/07"},
-        TemplateCase{"DateFormat", "<@出荷日|DATE|YYYY年MM月DD日@>", "2024年01月31日"},
         TemplateCase{"DateOnTextLeavesText", "<@氏名|DATE|7@>", "山田太郎"},
         TemplateCase{"ValueHoldingAMarker", "<@備考@>", "山田太郎様"},
         // An unknown name ends the work: what is done stays done, the rest stays as it was.
         TemplateCase{"UnknownFieldStops", "<@氏名@>A<@不明@>B<@区分@>", "山田太郎A<@不明@>B<@区分@>"},
         TemplateCase{"InvalidDateStops", "<@区分@><@出荷日|DATE|MM|1@>", "2<@出荷日|DATE|MM|1@>"},
-        TemplateCase{"SelfReferenceEnds", "<@自己@>", "<@自己@>"}),
-    [](const auto& test) { return std::string(test.param.name); });
-
-INSTANTIATE_TEST_SUITE_P(
-    Conditions, ExpandTemplateTest,
-    ::testing::Values(
+        TemplateCase{"SelfReferenceEnds", "<@自己@>", "<@自己@>"},
+        // Conditions.
         TemplateCase{"EmptyQuotesMatchEmptyField", "<?IF 空欄 == ''?>空<?ENDIF?>", "空"},
-        TemplateCase{"EmptyQuotesOnFilledField", "<?IF 氏名 == ''?>空<?ENDIF?>", ""},
-        TemplateCase{"QuotedText", "<?IF 氏名 == '山田太郎'?>様<?ENDIF?>", "様"},
-        TemplateCase{"NumberEqual", "<?IF 区分 == 2?>二<?ENDIF?>", "二"},
         // As numbers 2 is below 10; as texts "2" would sort after "10".
         TemplateCase{"NumbersCompareAsNumbers", "<?IF 区分 > 10?>X<?ENDIF?>", ""},
         TemplateCase{"QuotesCompareAsText", "<?IF 区分 > '10'?>T<?ENDIF?>", "T"},
-        TemplateCase{"GreaterOrEqual", "<?IF 請求額 >= 12345?>Y<?ENDIF?>", "Y"},
         TemplateCase{"LessOrEqual", "<?IF 請求額 <= 12345?>Y<?ENDIF?>", "Y"},
-        TemplateCase{"BitAnd", "<?IF フラグ & 2?>B<?ENDIF?>", "B"},
         TemplateCase{"BitAndNoCommonBit", "<?IF フラグ & 1?>B<?ENDIF?>", ""},
         TemplateCase{"BitOrOneSet", "<?IF 区分 | 0?>O<?ENDIF?>", "O"},
         TemplateCase{"BitOperatorOnTextNeverHolds", "<?IF フラグ & '6'?>B<?ENDIF?>", ""},
-        TemplateCase{"LiteralLeftOperand", "<?IF 5 > 3?>Y<?ENDIF?>", "Y"},
         TemplateCase{"UnknownOperatorNeverHolds", "<?IF 区分 =~ 2?>Y<?ENDIF?>", ""},
-        TemplateCase{"FieldInsideTheBody", "<?IF 区分 == 2?><@氏名@>様<?ENDIF?>", "山田太郎様"},
         TemplateCase{"MissingEndIfStopsConditionsOnly", "<?IF 区分 == 2?>X <@氏名@>", "<?IF 区分 == 2?>X 山田太郎"},
         TemplateCase{"IncompleteHeadStopsConditionsOnly", "<?IF 区分?>X<?ENDIF?><@氏名@>", "<?IF 区分?>X<?ENDIF?>山田太郎"},
-        TemplateCase{"LaterBlocksAfterAFalseOne", "<?IF 区分 == 1?>a<?ENDIF?>b<?IF 区分 == 2?>c<?ENDIF?>", "bc"}),
-    [](const auto& test) { return std::string(test.param.name); });
-
-INSTANTIATE_TEST_SUITE_P(
-    Lines, ExpandTemplateTest,
-    ::testing::Values(
-        TemplateCase{"BlockLineTrue", "拝啓\r\n<?IF 区分 == 2?>特別会員様<?ENDIF?>\r\n敬具", "拝啓\r\n特別会員様\r\n敬具"},
-        TemplateCase{"BlockLineFalseLeavesNoEmptyLine", "拝啓\r\n<?IF 区分 == 1?>特別会員様<?ENDIF?>\r\n敬具", "拝啓\r\n敬具"},
+        TemplateCase{"LaterBlocksAfterAFalseOne", "<?IF 区分 == 1?>a<?ENDIF?>b<?IF 区分 == 2?>c<?ENDIF?>", "bc"},
+        // A block alone on its line takes the line with it when false.
         TemplateCase{"MultiLineBlockTrue", "拝啓\r\n<?IF 区分 == 2?>\r\n特別会員様\r\n<?ENDIF?>\r\n敬具", "拝啓\r\n特別会員様\r\n敬具"},
-        TemplateCase{"InlineFalse", "合計<?IF 区分 == 1?>（税込）<?ENDIF?>です", "合計です"},
         TemplateCase{"LastLineFalse", "拝啓\r\n<?IF 区分 == 1?>特別<?ENDIF?>", "拝啓"},
         TemplateCase{"BlanksAndTabsBehindTheBlock", "拝啓\r\n<?IF 区分 == 1?>特別<?ENDIF?> \t\r\n敬具", "拝啓\r\n敬具"},
         TemplateCase{"TabsBehindATrueBlockGo", "拝啓\r\n<?IF 区分 == 2?>特別<?ENDIF?>\t \r\n敬具", "拝啓\r\n特別\r\n敬具"},
-        TemplateCase{"IndentedBlockFalse", "拝啓\r\n  <?IF 区分 == 1?>特別<?ENDIF?>\r\n敬具", "拝啓\r\n敬具"},
-        TemplateCase{"BodyOfBlanksIsEmpty", "拝啓\r\n<?IF 区分 == 2?> \t <?ENDIF?>\r\n敬具", "拝啓\r\n敬具"},
-        TemplateCase{"LineFeedsOnly", "拝啓\n<?IF 区分 == 1?>特別<?ENDIF?>\n敬具", "拝啓\n敬具"},
+        TemplateCase{"BodyOfBlanksIsEmpty", "拝啓\n<?IF 区分 == 2?> \t <?ENDIF?>\n敬具", "拝啓\n敬具"},
         TemplateCase{"TextBeforeTheBlockKeepsTheLine", "区分：<?IF 区分 == 1?>特別<?ENDIF?>\r\n敬具", "区分：\r\n敬具"},
         TemplateCase{"IndentedBlockThenAnother", "A\r\n  <?IF 区分 == 1?>x<?ENDIF?>\r\n<?IF 区分 == 3?>y<?ENDIF?>\r\nB", "A\r\nB"},
         TemplateCase{"EmptyLinesOfTheTextStay", "A\r\n\r\n<?IF 区分 == 1?>x<?ENDIF?>\r\nB", "A\r\n\r\nB"}),
@@ -108,9 +84,7 @@ TEST(FormatField, AppliesDateAndNumberArguments) {
     Parts parts;
     std::optional<std::string> expected;
   } cases[] = {
-      {"Decimals", "1234.5", {"0.00"}, "1234.50"},
       {"TwoNumberFormatsInTurn", "1234.44", {"0.0", "0.00"}, "1234.40"},
-      {"DayOffsetThenFormat", "2024/01/31", {"DATE", "1", "YYYY/MM/DD"}, "2024/02/01"},
       {"FormatThenOffset", "2024/01/31", {"DATE", "YYYY年M月D日", "7"}, "2024/02/07"},
       {"OffsetsAddUp", "2024/01/31", {"DATE", "1", "1", "YYYYMMDD"}, "20240202"},
       {"FormatThatIsNoDateThenOffset", "2024/01/31", {"DATE", "MM", "7"}, std::nullopt},
