@@ -40,7 +40,7 @@ inline void AddOrder(db::Connection& db, int id, Fields fields) {
 struct ListRow {
   bool checked = true;
   int id = 0;
-  std::string company, name, amount, tax;
+  std::string company{}, name{}, amount{}, tax{};
 };
 inline common::Grid MakeGrid(const std::vector<ListRow>& rows, const std::string& name_caption = "氏名") {
   common::Grid grid(0, 16);

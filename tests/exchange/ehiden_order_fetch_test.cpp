@@ -23,10 +23,10 @@ TEST_P(EhidenOrderFetchTest, EveryRowGetsItsOwnOrderAcrossBatches) {
     if (id % 3 != 0) AddOrder(Db(), id, {{"氏名", "客" + std::to_string(id)}});
   Db().CommitTrans();
 
+  // Reversed, some unchecked, the same order twice, one gone.
   std::vector<ListRow> rows;
-  for (int id = orders; id >= 1; --id) rows.push_back({id % 7 != 0, id, "", "", "", ""});  // reversed, some unchecked
-  rows.push_back({true, 5, "", "", "", ""});                                               // the same order twice
-  rows.push_back({true, 4000, "", "", "", ""});                                            // gone
+  for (int id = orders; id >= 1; --id) rows.push_back({.checked = id % 7 != 0, .id = id});
+  rows.insert(rows.end(), {{.id = 5}, {.id = 4000}});
   common::Grid grid = MakeGrid(rows);
   const int leading_zero = grid.AddRow();
   grid.SetChecked(leading_zero, true);
@@ -51,7 +51,7 @@ TEST_P(EhidenOrderFetchTest, EveryRowGetsItsOwnOrderAcrossBatches) {
 TEST_P(EhidenOrderFetchTest, AnIdThatIsNoNumberGoesToTheStatementAsItIs) {
   entry::CreateSchema(Db());
   AddOrder(Db(), 12, {{"氏名", "客"}});
-  common::Grid grid = MakeGrid({{true, 12, "", "", "", ""}, {true, 0, "", "", "", ""}});
+  common::Grid grid = MakeGrid({{.id = 12}, {.id = 0}});
   grid.SetText(2, 2, "12 AND 1 = 1");
   EhidenOrderFetch fetch(Db(), grid);
   EXPECT_NE(fetch.Order(1), nullptr);

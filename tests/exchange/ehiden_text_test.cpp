@@ -62,8 +62,6 @@ TEST(EhidenDistributeAddress, PlacesCompanyDepartmentAndName) {
   const std::string address33 = Rep("住", 33);
   const std::string name22 = Rep("名", 22);
   const DistributeCase cases[] = {
-      {"no company, long name", short_address, "", "", Rep("名", 20), "", Rep("名", 16), Rep("名", 4)},
-      {"company alone keeps its space", short_address, "ＡＢＣ", "", "山田", "", "ＡＢＣ　", "山田"},
       {"long name moves the company to line 3", address32, "株式会社ＡＢＣ", "営業部", name22, "株式会社ＡＢＣ",
        "営業部　" + Rep("名", 12), Rep("名", 10)},
       {"long name but the address needs line 3", address33, "株式会社ＡＢＣ", "営業部", name22, "住",
