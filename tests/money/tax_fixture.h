@@ -27,7 +27,7 @@ struct Order {
   std::vector<Line> lines{};
 };
 
-inline void InsertTax(db::Connection& db, const std::vector<TaxRow>& rows) {
+inline void CreateSchemaWithTax(db::Connection& db, const std::vector<TaxRow>& rows) {
   entry::CreateSchema(db);
   for (const TaxRow& r : rows) {
     db.Execute("INSERT INTO [TAX]([FROM_DATE],[REDUCEDKBN],[RATE],[OLDRATE]) VALUES('" + r.from_date + "'," +
