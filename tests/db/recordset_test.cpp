@@ -58,12 +58,10 @@ TEST(RecordsetFields, LookupFoldsAsciiOnly) {
 TEST(RecordsetFields, WideRowsFindEveryFieldAndTheFirstDuplicate) {
   std::vector<std::string> names;
   std::vector<Value> row;
-  for (int i = 1; i <= 40; ++i) {
-    names.push_back("商品ID" + std::to_string(i));
-    row.emplace_back(i);
+  for (int i = 1; i <= 41; ++i) {
+    names.push_back(i <= 40 ? "商品ID" + std::to_string(i) : "商品id1");
+    row.emplace_back(i <= 40 ? i : 999);
   }
-  names.push_back("商品id1");
-  row.emplace_back(999);
   Recordset rs(names, {row});
   for (int i = 1; i <= 40; ++i) {
     EXPECT_EQ(rs.FieldIndex("商品Id" + std::to_string(i)), i - 1);

@@ -52,13 +52,10 @@ TEST(StatementBatch, FillsByCountOrBySize) {
   EXPECT_TRUE(by_size.Add("INSERT INTO t VALUES ('" + big + "')"));
   by_size.Clear();
   EXPECT_TRUE(by_size.Empty());
-}
-
-TEST(StatementBatch, TrailingCommentDoesNotSwallowTheNextStatement) {
-  StatementBatch batch;
-  batch.Add("DELETE FROM a -- old rows");
-  batch.Add("DELETE FROM b");
-  EXPECT_NE(batch.Text().find("\nDELETE FROM b"), std::string::npos) << batch.Text();
+  // A trailing comment must not swallow the next statement.
+  by_size.Add("DELETE FROM a -- old rows");
+  by_size.Add("DELETE FROM b");
+  EXPECT_NE(by_size.Text().find("\nDELETE FROM b"), std::string::npos) << by_size.Text();
 }
 
 }  // namespace
