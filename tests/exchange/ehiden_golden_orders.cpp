@@ -1,4 +1,4 @@
-#include "ehiden_golden_orders.h"
+#include "ehiden_fixture.h"
 
 #include "common/text.h"
 

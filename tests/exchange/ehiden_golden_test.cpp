@@ -6,7 +6,6 @@
 
 #include "common/text.h"
 #include "ehiden_fixture.h"
-#include "ehiden_golden_orders.h"
 #include "exchange/ehiden_export.h"
 #include "support/test_databases.h"
 

@@ -20,16 +20,13 @@ struct ZoneCase {
 TEST(EhidenTimeZone, MapsTheHourOfTheText) {
   const ZoneCase cases[] = {
       {" 指定なし ", G::II, true, ""},
-      {"午後３時", G::III, false, "14"},     // half-width first: 3 + 12 = 15
-      {"19:00-21:00", G::III, false, "19"},  // the colon ends the hour
       {"９時～１２時", G::III, false, "01"},
       {"ｐｍ5", G::III, false, "16"},
-      {"22時", G::III, false, ""},
       {"午後１２時", G::III, false, ""},  // 24 o'clock
       {"0018", G::III, false, "18"},
-      // The older generations send "04" for 18 to 21 o'clock while the fourth free text is empty.
+      // The older generations send "04" for 18 to 21 o'clock while the fourth free text is empty;
+      // the golden files hold the other forms.
       {"21時", G::II, true, "04"},
-      {"18時", G::III, true, "18"},
       {"17時", G::I, true, "16"},
   };
   for (const auto& c : cases)
