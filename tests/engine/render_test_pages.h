@@ -27,6 +27,14 @@ inline PageItem Label(std::string name, std::string text, std::int32_t left, std
   return item;
 }
 
+// A shape, line or barcode box.
+inline PageItem Item(ItemKind kind, std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height) {
+  PageItem item = Label("", "", left, top, width, height);
+  item.kind = kind;
+  item.line_weight = 2;
+  return item;
+}
+
 inline Page A4Page(int number = 1) {
   Page page;
   page.number = number;

@@ -1,6 +1,7 @@
 #pragma once
 // A small report for engine tests: its layout from inline designer JSON, its data from a table in
 // memory, and a log of the events in the order they fired.
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <vector>
@@ -60,6 +61,14 @@ class LoggingReport : public Report {
  private:
   std::vector<std::string> names_;
   std::vector<std::vector<db::Value>> rows_;
+};
+
+// Every character 100 twips wide, so breaks and heights are easy to read.
+class FixedMeasurer : public TextMeasurer {
+ public:
+  double WidthTwips(std::string_view text, const FontSpec&) override {
+    return 100.0 * static_cast<double>(std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+  }
 };
 
 // Items of one section name on a page, in placing order.
