@@ -9,19 +9,20 @@
 namespace lupin::engine {
 namespace {
 
+// Bar shapes in left-to-right order, whatever order the bars come in.
+std::set<std::pair<double, std::pair<double, double>>> Bars(const BarcodeSymbol& symbol) {
+  std::set<std::pair<double, std::pair<double, double>>> bars;
+  for (const BarRect& bar : symbol.bars) bars.insert({bar.x, {bar.y, bar.height}});
+  return bars;
+}
+
+// Start, 20 characters of three bars each (letters as two control codes, padded), check character
+// and stop: every customer barcode has 67 bars of four kinds, whatever the data.
 TEST(CustomerBarcode, ValidDataGivesTheFixedSixtySevenBars) {
-  // Start, 20 characters of three bars each (letters as two control codes, padded), check
-  // character and stop: every customer barcode has 67 bars, whatever the data.
-  const char* valid[] = {
-      "1000001-1-1", "1000001", "1000001A301", "0640941-3-8-7", "12345678901234567890",
-      "1540023-5-11-3-B",
-  };
-  for (const char* data : valid) {
+  for (const char* data : {"1000001", "12345678901234567890", "1540023-5-11-3-B"}) {
     BarcodeSymbol symbol = EncodeBarcode("JapanPost", data);
     ASSERT_TRUE(symbol.ok) << data << ": " << symbol.message;
     EXPECT_EQ(symbol.bars.size(), 67u) << data;
-    EXPECT_GT(symbol.width, 0) << data;
-    EXPECT_GT(symbol.height, 0) << data;
     std::set<std::pair<double, double>> states;
     for (const BarRect& bar : symbol.bars) {
       EXPECT_GE(bar.x, 0) << data;
@@ -31,38 +32,20 @@ TEST(CustomerBarcode, ValidDataGivesTheFixedSixtySevenBars) {
     }
     EXPECT_EQ(states.size(), 4u) << data << ": long, ascender, descender and tracker bars";
   }
-}
-
-TEST(CustomerBarcode, DifferentDataDrawsDifferentBars) {
-  // Bar shapes in left-to-right order, whatever order the bars come in.
-  auto heights = [](const char* data) {
-    std::set<std::pair<double, std::pair<double, double>>> bars;
-    for (const BarRect& bar : EncodeBarcode("JapanPost", data).bars) {
-      bars.insert({bar.x, {bar.y, bar.height}});
-    }
-    return bars;
-  };
-  EXPECT_NE(heights("1000001-1-1"), heights("1000001-1-2"));
-  EXPECT_EQ(heights("1000001-1-1"), heights("1000001-1-1"));
+  EXPECT_NE(Bars(EncodeBarcode("JapanPost", "1000001-1-1")), Bars(EncodeBarcode("JapanPost", "1000001-1-2")));
 }
 
 TEST(CustomerBarcode, InvalidDataIsReportedNotDrawn) {
-  struct Case {
-    const char* style;
-    std::string data;
-    const char* message_start;
-  };
-  const Case cases[] = {
-      {"JapanPost", "1000001あ", "バーコードを作成できません"},
+  const std::tuple<const char*, std::string, const char*> cases[] = {
       {"JapanPost", "100_0001", "バーコードを作成できません"},
       {"JapanPost", "", "バーコードのデータがありません"},
       {"QRCode", "1000001", "未対応のバーコード種別です"},
   };
-  for (const Case& c : cases) {
-    BarcodeSymbol symbol = EncodeBarcode(c.style, c.data);
-    EXPECT_FALSE(symbol.ok) << c.data;
-    EXPECT_TRUE(symbol.bars.empty()) << c.data;
-    EXPECT_EQ(symbol.message.rfind(c.message_start, 0), 0u) << c.data << ": " << symbol.message;
+  for (const auto& [style, data, message_start] : cases) {
+    BarcodeSymbol symbol = EncodeBarcode(style, data);
+    EXPECT_FALSE(symbol.ok) << data;
+    EXPECT_TRUE(symbol.bars.empty()) << data;
+    EXPECT_EQ(symbol.message.rfind(message_start, 0), 0u) << data << ": " << symbol.message;
   }
 }
 
