@@ -3,8 +3,6 @@
 #include <cups/cups.h>
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -20,13 +18,7 @@ namespace {
 class CupsServer : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
-    const std::string command = std::string(LUPIN_SOURCE_DIR) + "/scripts/cups-test-server start 2>&1";
-    FILE* pipe = popen(command.c_str(), "r");
-    ASSERT_NE(pipe, nullptr);
-    std::array<char, 512> line{};
-    std::string output;
-    while (fgets(line.data(), line.size(), pipe) != nullptr) output += line.data();
-    pclose(pipe);
+    const std::string output = test::RunCommand(std::string(LUPIN_SOURCE_DIR) + "/scripts/cups-test-server start").first;
     const std::string marker = "export CUPS_SERVER=";
     const auto at = output.find(marker);
     ASSERT_NE(at, std::string::npos) << output;

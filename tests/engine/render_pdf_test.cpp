@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -15,17 +13,7 @@ namespace {
 
 using test::A4Page;
 using test::Label;
-
-// Runs a command and gives its standard output and exit status.
-std::pair<std::string, int> RunCommand(const std::string& command) {
-  std::string out;
-  FILE* pipe = popen((command + " 2>&1").c_str(), "r");
-  if (pipe == nullptr) return {"", -1};
-  std::array<char, 4096> buffer{};
-  while (std::size_t n = fread(buffer.data(), 1, buffer.size(), pipe)) out.append(buffer.data(), n);
-  const int status = pclose(pipe);
-  return {out, WEXITSTATUS(status)};
-}
+using test::RunCommand;
 
 class PdfOutput : public ::testing::Test {
  protected:

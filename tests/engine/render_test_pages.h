@@ -1,6 +1,10 @@
 #pragma once
-// Pages built by hand for the renderer tests.
+// Pages built by hand for the renderer and printer tests, and the command-line tools that check them.
+#include <array>
 #include <cstdint>
+#include <cstdio>
+#include <sys/wait.h>
+#include <utility>
 #include <string>
 
 #include "engine/page_model.h"
@@ -41,6 +45,17 @@ inline Page A4Page(int number = 1) {
   page.width = kA4Width;
   page.height = kA4Height;
   return page;
+}
+
+// Runs a command and gives its standard output and exit status.
+inline std::pair<std::string, int> RunCommand(const std::string& command) {
+  std::string out;
+  FILE* pipe = popen((command + " 2>&1").c_str(), "r");
+  if (pipe == nullptr) return {"", -1};
+  std::array<char, 4096> buffer{};
+  while (std::size_t n = fread(buffer.data(), 1, buffer.size(), pipe)) out.append(buffer.data(), n);
+  const int status = pclose(pipe);
+  return {out, WEXITSTATUS(status)};
 }
 
 }  // namespace lupin::engine::test

@@ -23,10 +23,7 @@ class LoggingReport : public Report {
         log.push_back(name + "_Format");
         if (on_format) on_format(name);
       };
-      section->AfterPrint = [this, name] {
-        if (name == "Detail") log.push_back("Detail_AfterPrint");
-        if (on_after_print) on_after_print(name);
-      };
+      if (name == "Detail") section->AfterPrint = [this] { log.push_back("Detail_AfterPrint"); };
     }
   }
 
@@ -36,16 +33,14 @@ class LoggingReport : public Report {
   }
 
   std::vector<std::string> log;
-  std::function<void(const std::string&)> on_format, on_after_print;
+  std::function<void(const std::string&)> on_format;
   std::function<void(bool&)> on_fetch;
-  std::function<void()> on_data_initialize;
 
  protected:
   void ActiveReport_ReportStart() override { log.push_back("ReportStart"); }
   void ActiveReport_DataInitialize() override {
     log.push_back("DataInitialize");
     DataControl1.Recordset = db::Recordset(names_, rows_);
-    if (on_data_initialize) on_data_initialize();
   }
   void ActiveReport_FetchData(bool& eof) override {
     log.push_back(eof ? "FetchData(eof)" : "FetchData");
@@ -53,9 +48,8 @@ class LoggingReport : public Report {
   }
   void ActiveReport_NoData() override { log.push_back("NoData"); }
   void ActiveReport_ReportEnd() override { log.push_back("ReportEnd"); }
-  void ActiveReport_Error(int number, const std::string& description, bool& cancel_display) override {
+  void ActiveReport_Error(int number, const std::string& description, bool&) override {
     log.push_back("Error " + std::to_string(number) + " " + description);
-    (void)cancel_display;
   }
 
  private:
