@@ -33,14 +33,9 @@ TEST(PageDump, HoldsEveryControlWithItsTextAndVisibilityInAFixedKeyOrder) {
   ASSERT_EQ(dump["pages"].size(), 1u);
   const auto& items = dump["pages"][0]["items"];
   ASSERT_EQ(items.size(), 2u);
-  std::vector<std::string> keys;
-  for (const auto& [key, value] : items[0].items()) keys.push_back(key);
-  EXPECT_EQ(keys, (std::vector<std::string>{"section", "name", "kind", "text", "visible", "left", "top", "width",
-                                            "height", "font", "alignment"}));
-  EXPECT_EQ(items[0]["text"], "東京都\r\n千代田区");
-  EXPECT_EQ(items[0]["left"], 110);
-  EXPECT_EQ(items[0]["font"]["size"], 11.5);
-  EXPECT_EQ(items[0]["alignment"], "right");
+  EXPECT_EQ(items[0].dump(), R"({"section":"Detail","name":"lblAddress","kind":"Label","text":"東京都\r\n千代田区",)"
+                             R"("visible":true,"left":110,"top":220,"width":3000,"height":600,)"
+                             R"("font":{"name":"ＭＳ 明朝","size":11.5},"alignment":"right"})");
   EXPECT_EQ(items[1]["visible"], false);
 
   std::ostringstream empty;
@@ -109,28 +104,23 @@ TEST(DisplayReport, ByNumberThroughTheRegistry) {
   registry.Register("rptPickingSyuDate", [](entry::Context&) {
     return std::make_unique<LoggingReport>(R"({"report": "rptPickingSyuDate", "sections": [{"name": "Detail", "type": "Detail"}]})");
   });
-  struct Case {
-    std::int32_t number;
-    bool shown;
-    std::string message;
-    std::string caption;
-  };
-  const Case cases[] = {
+  const std::tuple<std::int32_t, bool, std::string, std::string> cases[] = {
       {54, true, "", "印刷プレビュー  [ピッキング]"},
       {55, false, "帳票が登録されていません。", "印刷プレビュー"},  // its object is not registered here
       {9, false, "", ""},                                          // a mail text: neither report nor message
   };
-  for (const auto& c : cases) {
-    auto context = MakeContext(c.number, "ピッキング");
+  for (const auto& [number, shown, message, caption] : cases) {
+    SCOPED_TRACE(number);
+    auto context = MakeContext(number, "ピッキング");
     PageCollection pages;
     const DisplayResult result = S_DisplayReport(context, registry, "印刷プレビュー", pages);
-    EXPECT_EQ(result.shown, c.shown) << c.number;
-    EXPECT_EQ(result.message, c.message) << c.number;
-    EXPECT_EQ(result.message_style, c.message.empty() ? 0 : 48) << c.number;
-    if (!c.caption.empty()) {
-      EXPECT_EQ(result.caption, c.caption) << c.number;
+    EXPECT_EQ(result.shown, shown);
+    EXPECT_EQ(result.message, message);
+    EXPECT_EQ(result.message_style, message.empty() ? 0 : 48);
+    if (!caption.empty()) {
+      EXPECT_EQ(result.caption, caption);
     }
-    EXPECT_EQ(pages.Ended(), c.shown) << c.number;
+    EXPECT_EQ(pages.Ended(), shown);
   }
 }
 

@@ -65,7 +65,7 @@ JobAttributes ReadJob(int job_id) {
   return out;
 }
 
-TEST_F(CupsServer, PrinterListShowsTheQueueWithItsMedia) {
+TEST_F(CupsServer, TheQueueIsListedAndAJobArrivesWithTheReportsPaperAndOrientation) {
   std::string message;
   const auto printers = ListPrinters(&message);
   EXPECT_EQ(message, "");
@@ -73,9 +73,6 @@ TEST_F(CupsServer, PrinterListShowsTheQueueWithItsMedia) {
   ASSERT_NE(pdf, printers.end());
   EXPECT_TRUE(pdf->is_default);
   EXPECT_NE(std::find(pdf->media.begin(), pdf->media.end(), "iso_a3_297x420mm"), pdf->media.end());
-}
-
-TEST_F(CupsServer, JobArrivesWithTheReportsPaperAndOrientation) {
   struct Case {
     const char* device;  // empty: the default printer
     int paper_size, bin, orientation;

@@ -1,4 +1,4 @@
-// Where sections land: flowing lists with page breaks and "page N of M", one form per page,
+// Where sections land: flowing lists with page breaks and "page N of M",
 // label sheets in columns with a start place, groups breaking on a field, and growing controls.
 #include <gtest/gtest.h>
 
@@ -45,23 +45,6 @@ TEST(FlowingList, BreaksWhenTheNextDetailDoesNotFitAndNumbersPagesOfTheTotal) {
                 std::to_string(p + 1) + "/" + std::to_string(per_page.size()));
       EXPECT_EQ(ItemsNamed(page, "fldPage").at(0)->top, 16838 - 1000 - 500) << "the footer sits on the bottom margin";
     }
-  }
-}
-
-TEST(OneFormPerPage, EachRecordStartsAPageAtTheTopMargin) {
-  LoggingReport report(R"({"report": "rptForm", "margins": {"left": 300, "right": 300, "top": 200, "bottom": 200},
-    "sections": [{"name": "Detail", "type": "Detail", "height": 5000, "new_page": "after",
-      "controls": [{"kind": "TextField", "name": "fldNo", "data_field": "No", "left": 100, "top": 50}]}]})");
-  report.SetRows({"No"}, Numbered(3));
-  PageCollection pages;
-  ASSERT_TRUE(report.Run(pages).ok);
-  ASSERT_EQ(pages.Pages().size(), 3u);
-  for (int p = 0; p < 3; ++p) {
-    const auto items = ItemsNamed(pages.Pages()[static_cast<std::size_t>(p)], "fldNo");
-    ASSERT_EQ(items.size(), 1u);
-    EXPECT_EQ(items[0]->text, std::to_string(p + 1));
-    EXPECT_EQ(items[0]->top, 250);
-    EXPECT_EQ(items[0]->left, 400);
   }
 }
 
