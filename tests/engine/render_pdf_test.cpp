@@ -39,7 +39,8 @@ TEST_F(PdfOutput, ValidFileWithJapaneseTextPageSizesAndEachFontEmbeddedOnce) {
   PdfRenderer renderer(path_);
   renderer.Begin({"rptNouhin", "納品書"});
   Page first = A4Page();
-  for (const auto& [font, text] : texts) first.items.push_back(Label("lbl", text, 1000, 1000 + 600 * static_cast<int>(first.items.size()), 8000, 400, font, 12));
+  std::int32_t top = 1000;
+  for (const auto& [font, text] : texts) first.items.push_back(Label("lbl", text, 1000, top += 600, 8000, 400, font, 12));
   first.items.push_back(test::Item(ItemKind::Barcode, 1000, 4000, 4233, 184));
   first.items.back().name = "BarCode1";
   first.items.back().barcode_style = "JapanPost";

@@ -13,29 +13,9 @@ namespace lupin::engine {
 namespace {
 
 using test::A4Page;
+using test::InkIn;
 using test::Label;
-
-// Dark pixels inside a rectangle given in twips, at the image's dpi.
-int InkIn(const RasterImage& image, double dpi, std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height) {
-  const int x0 = static_cast<int>(left * dpi / 1440), y0 = static_cast<int>(top * dpi / 1440);
-  const int x1 = std::min(image.width, static_cast<int>((left + width) * dpi / 1440));
-  const int y1 = std::min(image.height, static_cast<int>((top + height) * dpi / 1440));
-  int count = 0;
-  for (int y = std::max(0, y0); y < y1; ++y)
-    for (int x = std::max(0, x0); x < x1; ++x) {
-      const std::uint32_t pixel = image.At(x, y);
-      count += ((pixel >> 16) & 0xff) + ((pixel >> 8) & 0xff) + (pixel & 0xff) < 3 * 160 ? 1 : 0;
-    }
-  return count;
-}
-
-RasterImage Render(const Page& page, double dpi) {
-  PageRasterizer rasterizer;
-  std::vector<std::string> problems;
-  RasterImage image = rasterizer.Render(page, dpi, problems);
-  EXPECT_TRUE(problems.empty());
-  return image;
-}
+using test::Render;
 
 TEST(PngPageSize, PixelsFollowTwipsAndDpi) {
   struct Case {

@@ -61,7 +61,8 @@ class LoggingReport : public Report {
 class FixedMeasurer : public TextMeasurer {
  public:
   double WidthTwips(std::string_view text, const FontSpec&) override {
-    return 100.0 * static_cast<double>(std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+    const auto starts = std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; });
+    return 100.0 * static_cast<double>(starts);
   }
 };
 
