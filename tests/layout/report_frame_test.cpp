@@ -56,50 +56,46 @@ class ReportFrameTest : public lupin::testing::EngineTest {
   testing::FormatFolder folder_;
 };
 
-TEST_P(ReportFrameTest, ReadsOnlyThisWorkstationsRows) {
-  const std::pair<std::string, std::vector<std::string>> cases[] = {{"O'Hara", {"2", "4"}}, {"WS9", {}}};
-  for (const auto& [client, ids] : cases) {
-    auto context = MakeContext(client);
-    FrameReport report(context);
-    engine::PageCollection pages;
-    const auto result = report.Run(pages);
-    ASSERT_TRUE(result.ok) << result.fault.description;
-    EXPECT_EQ(report.ids, ids) << report.sql;
-  }
-}
-
-TEST_P(ReportFrameTest, PrintWidthIsThePaperLessTheSideMargins) {
-  auto context = MakeContext("WS1");
-  for (const std::int16_t orientation : {engine::kPortrait, engine::kLandscape}) {
-    FrameReport report(context);
-    report.Printer.Orientation = orientation;
-    engine::PageCollection pages;
-    ASSERT_TRUE(report.Run(pages).ok);
-    EXPECT_EQ(report.PrintWidth, (orientation == engine::kPortrait ? 11906 : 16838) - 600 - 400);
-  }
-}
-
-TEST_P(ReportFrameTest, TheBaseFontSizeIsReadAfterTheFormat) {
-  const std::pair<const char*, double> cases[] = {
-      {"", 10},  // no file
-      {"<section=Detail><field=lblItem1><fontsize>12</fontsize><left>21</left></field></section>", 12},
-      {"<section=Detail><field=lblItem1><left>21</left></field></section>", 9},
+// Each case runs twice: a second run starts from the designer again and applies the format afresh.
+TEST_P(ReportFrameTest, ThisWorkstationsRowsThePrintWidthAndTheBaseFontSizeAfterTheFormat) {
+  struct Case {
+    const char* client;
+    std::int16_t orientation;
+    const char* format;  // "" for no file
+    std::vector<std::string> ids;
+    std::int32_t print_width;  // the paper less the side margins
+    double base;
+    std::int32_t item_left;
   };
-  for (const auto& [format, base] : cases) {
+  const Case cases[] = {
+      {"O'Hara", engine::kPortrait, "", {"2", "4"}, 11906 - 1000, 10, 600 + 1200},
+      {"WS9", engine::kPortrait, "", {}, 11906 - 1000, 10, 0},
+      {"WS1", engine::kLandscape, "<section=Detail><field=lblItem1><fontsize>12</fontsize><left>21</left></field></section>",
+       {"1", "3"}, 16838 - 1000, 12, 600 + 1191},
+      {"WS1", engine::kPortrait, "<section=Detail><field=lblItem1><left>21</left></field></section>", {"1", "3"}, 11906 - 1000, 9, 600 + 1191},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(std::string(c.client) + " " + c.format);
     std::filesystem::remove_all(folder_.Dir() / "Format");
-    if (*format != '\0') {
+    if (*c.format != '\0') {
       std::filesystem::create_directories(folder_.Dir() / "Format");
-      folder_.Write("Format/form_54.lprf", format);
+      folder_.Write("Format/form_54.lprf", c.format);
     }
-    auto context = MakeContext("WS1");
+    auto context = MakeContext(c.client);
     FrameReport report(context);
-    engine::PageCollection pages;
-    // A second run starts from the designer again and applies the format afresh.
+    report.Printer.Orientation = c.orientation;
     for (int run = 0; run < 2; ++run) {
-      ASSERT_TRUE(report.Run(pages).ok);
-      EXPECT_EQ(report.BaseFontSize(), base) << format;
+      engine::PageCollection pages;
+      report.ids.clear();
+      const auto result = report.Run(pages);
+      ASSERT_TRUE(result.ok) << result.fault.description;
+      EXPECT_EQ(report.ids, c.ids) << report.sql;
+      EXPECT_EQ(report.PrintWidth, c.print_width);
+      EXPECT_EQ(report.BaseFontSize(), c.base);
+      if (!c.ids.empty()) {
+        EXPECT_EQ(pages.Pages().at(0).items.at(1).left, c.item_left);
+      }
     }
-    EXPECT_EQ(pages.Pages().at(0).items.at(1).left, 600 + (*format != '\0' ? 1191 : 1200)) << format;
   }
 }
 
