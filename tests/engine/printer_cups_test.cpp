@@ -10,6 +10,7 @@
 #include "engine/printer.h"
 #include "engine/render_pdf.h"
 #include "render_test_pages.h"
+#include "support/cups_jobs.h"
 
 namespace lupin::engine {
 namespace {
@@ -41,29 +42,8 @@ class CupsServer : public ::testing::Test {
   static inline std::string pdf_;
 };
 
-struct JobAttributes {
-  std::string media, media_source;
-  int orientation = 0;
-};
-
-JobAttributes ReadJob(int job_id) {
-  ipp_t* request = ippNewRequest(IPP_OP_GET_JOB_ATTRIBUTES);
-  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, "ipp://localhost/printers/LupinPDF");
-  ippAddInteger(request, IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", job_id);
-  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr, "all");
-  ipp_t* response = cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/");
-  JobAttributes out;
-  if (response == nullptr) return out;
-  auto text = [&](const char* name) {
-    ipp_attribute_t* a = ippFindAttribute(response, name, IPP_TAG_ZERO);
-    return a == nullptr ? std::string() : std::string(ippGetString(a, 0, nullptr));
-  };
-  out.media = text("media");
-  out.media_source = text("media-source");
-  if (ipp_attribute_t* a = ippFindAttribute(response, "orientation-requested", IPP_TAG_ENUM)) out.orientation = ippGetInteger(a, 0);
-  ippDelete(response);
-  return out;
-}
+using lupin::testing::JobAttributes;
+using lupin::testing::ReadJob;
 
 TEST_F(CupsServer, TheQueueIsListedAndAJobArrivesWithTheReportsPaperAndOrientation) {
   std::string message;

@@ -1,31 +1,13 @@
 // The print command against the private CUPS server: the job reaches the queue of the report, or
 // the one named on the command line, with the report's paper, bin and orientation.
 #include "run/preview_fixture.h"
+#include "support/cups_jobs.h"
 
 namespace lupin::run {
 namespace {
 
-struct JobAttributes {
-  std::string media, media_source;
-  int orientation = 0;
-};
-
-JobAttributes ReadJob(int job_id) {
-  ipp_t* request = ippNewRequest(IPP_OP_GET_JOB_ATTRIBUTES);
-  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, "ipp://localhost/printers/LupinPDF");
-  ippAddInteger(request, IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", job_id);
-  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr, "all");
-  ipp_t* response = cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/");
-  JobAttributes out;
-  if (response == nullptr) return out;
-  if (ipp_attribute_t* a = ippFindAttribute(response, "media", IPP_TAG_ZERO)) out.media = ippGetString(a, 0, nullptr);
-  if (ipp_attribute_t* a = ippFindAttribute(response, "media-source", IPP_TAG_ZERO))
-    out.media_source = ippGetString(a, 0, nullptr);
-  if (ipp_attribute_t* a = ippFindAttribute(response, "orientation-requested", IPP_TAG_ENUM))
-    out.orientation = ippGetInteger(a, 0);
-  ippDelete(response);
-  return out;
-}
+using lupin::testing::JobAttributes;
+using lupin::testing::ReadJob;
 
 class PreviewCups : public testing::PreviewRunTest {
  protected:
