@@ -108,8 +108,9 @@ void DescribeReport(SqlRow& row, const CatalogueEntry& e) {
     SetText(row, "FLD_LBL2", "加入者名");
     SetText(row, "FLD_TXT2", "株式会社ルパン堂");
   }
+  // Margins are tenths of a millimetre: 10 mm around an A4 page, none on a preprinted slip.
   for (const char* margin : {"MARGIN_LEFT", "MARGIN_TOP", "MARGIN_RIGHT", "MARGIN_BOTTOM"}) {
-    SetInt(row, margin, slip ? 0 : 360);
+    SetInt(row, margin, slip ? 0 : 100);
   }
   SetInt(row, "Orientation", 1);
   SetInt(row, "PAPER_TYPE", slip ? 1 : 0);
