@@ -62,7 +62,7 @@ double FallbackMeasurer::WidthTwips(std::string_view text, const FontSpec& font)
 std::vector<std::string> WrapText(std::string_view text, const FontSpec& font, std::int32_t width,
                                   bool word_wrap, TextMeasurer* measurer) {
   FallbackMeasurer fallback;
-  TextMeasurer& used = measurer != nullptr ? *measurer : fallback;
+  TextMeasurer& used = measurer != nullptr ? *measurer : static_cast<TextMeasurer&>(fallback);
   std::vector<std::string> lines;
   std::size_t start = 0;
   while (true) {
