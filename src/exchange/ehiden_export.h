@@ -11,7 +11,7 @@
 #include "entry/context.h"
 #include "exchange/ehiden_generation.h"
 #include "exchange/ehiden_order.h"
-#include "run/file_report_dispatch.h"
+#include "exchange/file_writer.h"
 
 namespace lupin::exchange {
 

@@ -1,0 +1,25 @@
+#pragma once
+// The interface every writer of an outside system's file meets, so the print run can dispatch to it.
+#include <filesystem>
+#include <string>
+
+#include "common/grid.h"
+#include "entry/context.h"
+
+namespace lupin::exchange {
+
+// A writer's answer: 0 done, otherwise the failure text that the print list shows.
+struct FileResult {
+  int code = 0;
+  std::string message;
+};
+
+// One writer per outside system. It reads the checked rows of the grid (and the order tables
+// through the context's connection) and writes the whole file at `path`, or leaves it untouched.
+class FileWriter {
+ public:
+  virtual ~FileWriter() = default;
+  virtual FileResult Write(entry::Context& context, const common::Grid& grid, const std::filesystem::path& path) = 0;
+};
+
+}  // namespace lupin::exchange
