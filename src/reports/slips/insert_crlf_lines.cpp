@@ -59,39 +59,50 @@ int LongLineCut(std::string_view line, int n) {
   return q == 1 ? kKeepWhole : kLoseLine;
 }
 
-}  // namespace
-
-std::string HardBreak(std::string_view text, int n) {
-  if (ByteClass(text, n) == kLeadByte) {
-    return ByteLeft(text, n - 1) + std::string(kCrLf) + ByteMid(text, n);
-  }
-  return ByteLeft(text, n) + std::string(kCrLf) + ByteMid(text, n + 1);
-}
-
-void InsertCrLf::SplitAtSpace(std::vector<std::string>& lines) const {
+// Each pass rebuilds the line list: a line gives itself, two pieces, or nothing.
+template <typename Split>
+void EachLine(std::vector<std::string>& lines, Split split) {
   std::vector<std::string> out;
   out.reserve(lines.size() + 1);
-  for (std::string& line : lines) {
-    const int p = crlf::BlankBytePosition(line);
-    if (p < LineBytes && p >= MinLineBytes) {
-      // The blank itself is dropped, one byte or two.
-      const int after = p + (ByteClass(line, p) == kLeadByte ? 2 : 1);
-      out.push_back(ByteLeft(line, p - 1));
-      out.push_back(ByteMid(line, after));
-    } else {
-      out.push_back(std::move(line));
-    }
-  }
+  for (std::string& line : lines) split(line, out);
   lines = std::move(out);
 }
 
+// The first `left` bytes as one line and the bytes from `rest` on as the next.
+void PushSplit(std::vector<std::string>& out, std::string_view line, int left, int rest) {
+  out.push_back(ByteLeft(line, left));
+  out.push_back(ByteMid(line, rest));
+}
+
+// Byte n ends the first line, unless a double-byte character starts there.
+int FirstLineBytes(std::string_view line, int n) { return ByteClass(line, n) == kLeadByte ? n - 1 : n; }
+
+// A blank at byte p is dropped, one byte or two.
+int AfterBlank(std::string_view line, int p) { return p + (ByteClass(line, p) == kLeadByte ? 2 : 1); }
+
+}  // namespace
+
+std::string HardBreak(std::string_view text, int n) {
+  const int first = FirstLineBytes(text, n);
+  return ByteLeft(text, first) + std::string(kCrLf) + ByteMid(text, first + 1);
+}
+
+void InsertCrLf::SplitAtSpace(std::vector<std::string>& lines) const {
+  EachLine(lines, [this](std::string& line, std::vector<std::string>& out) {
+    const int p = crlf::BlankBytePosition(line);
+    if (p < LineBytes && p >= MinLineBytes) {
+      PushSplit(out, line, p - 1, AfterBlank(line, p));
+    } else {
+      out.push_back(std::move(line));
+    }
+  });
+}
+
 void InsertCrLf::SplitAtDigit(std::vector<std::string>& lines) const {
-  std::vector<std::string> out;
-  out.reserve(lines.size() + 1);
-  for (std::string& line : lines) {
+  EachLine(lines, [this](std::string& line, std::vector<std::string>& out) {
     if (ByteLen(line) <= LineBytes) {
       out.push_back(std::move(line));
-      continue;
+      return;
     }
     char32_t digit = 0;
     for (const crlf::CharAt& ch : crlf::Characters(line)) {
@@ -103,58 +114,41 @@ void InsertCrLf::SplitAtDigit(std::vector<std::string>& lines) const {
     // The first place of the same digit at either width: the house number may be written in full-width.
     const int p = digit == 0 ? 0 : crlf::DigitBytePosition(line, digit);
     if (digit != 0 && p >= MinLineBytes) {
-      out.push_back(ByteLeft(line, p - 1));
-      out.push_back(ByteMid(line, p));
+      PushSplit(out, line, p - 1, p);
     } else {
       out.push_back(std::move(line));
     }
-  }
-  lines = std::move(out);
+  });
 }
 
 void InsertCrLf::SplitLongLine(std::vector<std::string>& lines) const {
-  std::vector<std::string> out;
-  out.reserve(lines.size() + 1);
-  for (std::string& line : lines) {
-    if (ByteLen(line) <= LineBytes) {
-      out.push_back(std::move(line));
-      continue;
-    }
-    const int cut = LongLineCut(line, LineBytes);
+  EachLine(lines, [this](std::string& line, std::vector<std::string>& out) {
+    const int cut = ByteLen(line) <= LineBytes ? kKeepWhole : LongLineCut(line, LineBytes);
     // A number that starts the line keeps it whole; when the walk steps past byte 1 the line is
     // lost, as the slips have always printed it.
-    if (cut == kLoseLine) continue;
+    if (cut == kLoseLine) return;
     if (cut == kKeepWhole) {
       out.push_back(std::move(line));
-      continue;
+    } else {
+      PushSplit(out, line, cut, cut + 1);
     }
-    out.push_back(ByteLeft(line, cut));
-    out.push_back(ByteMid(line, cut + 1));
-  }
-  lines = std::move(out);
+  });
 }
 
 void InsertCrLf::SplitNameLines(std::vector<std::string>& lines) const {
-  std::vector<std::string> out;
-  out.reserve(lines.size() + 1);
-  for (std::string& line : lines) {
+  EachLine(lines, [this](std::string& line, std::vector<std::string>& out) {
     if (ByteLen(line) <= LineBytes) {
       out.push_back(std::move(line));
-      continue;
+      return;
     }
     const int p = crlf::BlankBytePosition(line);
     if (p != 0) {
-      out.push_back(ByteLeft(line, p - 1));
-      out.push_back(ByteMid(line, ByteClass(line, p) == kLeadByte ? p + 2 : p + 1));
-    } else if (ByteClass(line, LineBytes) == kLeadByte) {
-      out.push_back(ByteLeft(line, LineBytes - 1));
-      out.push_back(ByteMid(line, LineBytes));
+      PushSplit(out, line, p - 1, AfterBlank(line, p));
     } else {
-      out.push_back(ByteLeft(line, LineBytes));
-      out.push_back(ByteMid(line, LineBytes + 1));
+      const int first = FirstLineBytes(line, LineBytes);
+      PushSplit(out, line, first, first + 1);
     }
-  }
-  lines = std::move(out);
+  });
 }
 
 std::string InsertCrLf::SplitAtCompanyWord(std::string_view text) const {
