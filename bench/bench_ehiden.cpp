@@ -12,7 +12,7 @@
 #include "common/text.h"
 #include "db/connection.h"
 #include "entry/context.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "exchange/ehiden_export.h"
 
@@ -32,8 +32,8 @@ struct Fixture {
     std::filesystem::create_directories(dir / "settings");
     db = lupin::db::OpenConnection("sqlite:" + (dir / "orders.db").string());
     lupin::entry::CreateSchema(*db);
-    lupin::entry::FillCatalogue(*db);
-    lupin::entry::FillDemoData(*db, {.orders = kOrders, .seed = 11, .batch = 1000, .progress = {}});
+    lupin::demo::FillCatalogue(*db);
+    lupin::demo::FillDemoData(*db, {.orders = kOrders, .seed = 11, .batch = 1000, .progress = {}});
     context = std::make_unique<lupin::entry::Context>(
         db.get(), lupin::settings::StorePaths::InFolder(dir / "settings"), dir);
     context->current.fld_txt = {"ルパン商店", "100-0001", "03-1111-2222", "", "東京都千代田区千代田１－１"};

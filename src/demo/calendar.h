@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-namespace lupin::entry::demo {
+namespace lupin::demo {
 
 // Days since 1970/01/01 of a proleptic Gregorian date.
 constexpr int DaysFromCivil(int y, int m, int d) {
@@ -50,4 +50,4 @@ constexpr int FiscalYear(int days) {
   return c.month >= 4 ? c.year : c.year - 1;
 }
 
-}  // namespace lupin::entry::demo
+}  // namespace lupin::demo

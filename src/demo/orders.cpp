@@ -1,15 +1,15 @@
 // Orders of the demo shop: who ordered what, how it was paid and shipped, and the money of it.
-#include "entry/demo_orders.h"
+#include "demo/orders.h"
 
 #include <algorithm>
 #include <string>
 
-#include "entry/demo_calendar.h"
-#include "entry/demo_masters.h"
-#include "entry/demo_sql.h"
-#include "entry/demo_words.h"
+#include "demo/calendar.h"
+#include "demo/masters.h"
+#include "demo/insert_batch.h"
+#include "demo/words.h"
 
-namespace lupin::entry::demo {
+namespace lupin::demo {
 namespace {
 
 constexpr int kToday = DaysFromCivil(kLastOrderYear, kLastOrderMonth, kLastOrderDay);
@@ -77,7 +77,7 @@ struct ChumonColumns {
       noshi_n[k] = ix("のし" + std::to_string(k + 1));
       remark_n[k] = ix("備考" + std::to_string(k + 1));
     }
-    for (int n = 0; n < kChumonSlots; ++n) {
+    for (int n = 0; n < entry::kChumonSlots; ++n) {
       const std::string s = std::to_string(n + 1);
       item_id[n] = ix("商品ID" + s); item_name[n] = ix("商品名" + s); color[n] = ix("商品カラー" + s);
       size[n] = ix("商品サイズ" + s); unit_price[n] = ix("単価" + s); qty[n] = ix("注文数量" + s);
@@ -92,7 +92,7 @@ struct ChumonColumns {
       tax, billed, points, points10, points8, shop_id, shop_name, shop_postcode, shop_address, shop_phone, shop_fax,
       shop_url, shop_order_mail, shop_inquiry_mail, taxrate;
   std::array<int, 10> noshi_n{}, remark_n{};
-  std::array<int, kChumonSlots> item_id{}, item_name{}, color{}, size{}, unit_price{}, qty{}, subtotal{}, tax_kbn{};
+  std::array<int, entry::kChumonSlots> item_id{}, item_name{}, color{}, size{}, unit_price{}, qty{}, subtotal{}, tax_kbn{};
 };
 
 struct LineColumns {
@@ -122,7 +122,7 @@ int LineCount(Random& r) {
   if (roll <= 70) return r.Between(2, 3);
   if (roll <= 92) return r.Between(4, 10);
   if (roll <= 97) return r.Between(11, 15);
-  return r.Between(16, kChumonSlots);
+  return r.Between(16, entry::kChumonSlots);
 }
 
 }  // namespace
@@ -131,12 +131,12 @@ struct OrderWriter::Impl {
   Impl(db::Connection& c, Random& r, std::vector<DemoCustomer>& cs)
       : random(r),
         customers(cs),
-        order_row(*FindTable("CHUMON")),
-        line_row(*FindTable("CHUMON_D")),
+        order_row(*entry::FindTable("CHUMON")),
+        line_row(*entry::FindTable("CHUMON_D")),
         oc(order_row),
         lc(line_row),
-        orders(c, *FindTable("CHUMON"), 25),
-        lines(c, *FindTable("CHUMON_D"), 100) {
+        orders(c, *entry::FindTable("CHUMON"), 25),
+        lines(c, *entry::FindTable("CHUMON_D"), 100) {
     for (std::size_t i = 0; i < customers.size(); ++i) {
       if (customers[i].kbn != 2) returning.push_back(static_cast<int>(i));
     }
@@ -391,7 +391,7 @@ void OrderWriter::Impl::Add(int id, int day, int first_time) {
 
   // Slots past the last line: empty texts in some rows, NULL in others.
   const bool empty_as_text = r.Percent(50);
-  for (int n = 0; n < kChumonSlots; ++n) {
+  for (int n = 0; n < entry::kChumonSlots; ++n) {
     const auto s = static_cast<std::size_t>(n);
     if (n >= static_cast<int>(order_lines.size())) {
       for (int column : {c.item_id[s], c.item_name[s], c.color[s], c.size[s]}) {
@@ -437,7 +437,7 @@ void OrderWriter::Impl::Add(int id, int day, int first_time) {
 
   if (customer) {
     customer->last_day = std::max(customer->last_day, day);
-    const int year = FiscalYear(day) - kFirstSalesYear;
+    const int year = FiscalYear(day) - entry::kFirstSalesYear;
     if (year >= 0 && year < static_cast<int>(customer->sales.size())) {
       customer->sales[static_cast<std::size_t>(year)] += billed;
     }
@@ -458,13 +458,13 @@ void OrderWriter::Flush() {
 long OrderWriter::Lines() const { return impl_->lines.RowsWritten(); }
 
 void WriteCustomers(db::Connection& connection, const std::vector<DemoCustomer>& customers) {
-  const TableDef& table = *FindTable("CUSTOMER");
+  const entry::TableDef& table = *entry::FindTable("CUSTOMER");
   SqlRow row(table);
   const int no = row.Index("顧客NO"), company = row.Index("顧客会社名"), department = row.Index("顧客所属"),
             name = row.Index("顧客名"), postcode = row.Index("郵便番号"), address = row.Index("住所"),
             tel = row.Index("TEL番号"), tel_search = row.Index("検索用TEL番号"), phone = row.Index("顧客電話番号"),
             branch = row.Index("顧客電話番号枝番"), kbn = row.Index("顧客区分"), last = row.Index("最終取引日"),
-            tanto = row.Index("担当者コード"), first_sales = row.Index("年度純売上額" + std::to_string(kFirstSalesYear)),
+            tanto = row.Index("担当者コード"), first_sales = row.Index("年度純売上額" + std::to_string(entry::kFirstSalesYear)),
             first_dm = row.Index("DM区分1");
   InsertBatch batch(connection, table, 200);
   for (const auto& c : customers) {
@@ -489,4 +489,4 @@ void WriteCustomers(db::Connection& connection, const std::vector<DemoCustomer>&
   batch.Flush();
 }
 
-}  // namespace lupin::entry::demo
+}  // namespace lupin::demo

@@ -1,11 +1,11 @@
 // Row text for the demo data's multi-row INSERT statements.
-#include "entry/demo_sql.h"
+#include "demo/insert_batch.h"
 
 #include <algorithm>
 #include <charconv>
 #include <stdexcept>
 
-namespace lupin::entry::demo {
+namespace lupin::demo {
 
 void AppendQuoted(std::string& out, std::string_view text) {
   out += '\'';
@@ -16,7 +16,7 @@ void AppendQuoted(std::string& out, std::string_view text) {
   out += '\'';
 }
 
-SqlRow::SqlRow(const TableDef& table) : table_(table), values_(table.columns.size(), "NULL") {}
+SqlRow::SqlRow(const entry::TableDef& table) : table_(table), values_(table.columns.size(), "NULL") {}
 
 int SqlRow::Index(std::string_view column) const {
   for (std::size_t i = 0; i < table_.columns.size(); ++i) {
@@ -66,7 +66,7 @@ void SqlRow::AppendTo(std::string& out) const {
   out += ')';
 }
 
-InsertBatch::InsertBatch(db::Connection& connection, const TableDef& table, int rows_per_statement)
+InsertBatch::InsertBatch(db::Connection& connection, const entry::TableDef& table, int rows_per_statement)
     : connection_(connection), table_(table), rows_per_statement_(rows_per_statement) {}
 
 void InsertBatch::Add(const SqlRow& row) {
@@ -77,13 +77,13 @@ void InsertBatch::Add(const SqlRow& row) {
     Group fresh;
     fresh.present = present_;
     const db::Engine engine = connection_.GetEngine();
-    fresh.header = "INSERT INTO " + QuoteName(table_.name, engine) + " (";
+    fresh.header = "INSERT INTO " + entry::QuoteName(table_.name, engine) + " (";
     bool first = true;
     for (std::size_t i = 0; i < table_.columns.size(); ++i) {
       if (!present_[i]) continue;
       if (!first) fresh.header += ',';
       first = false;
-      fresh.header += QuoteName(table_.columns[i].name, engine);
+      fresh.header += entry::QuoteName(table_.columns[i].name, engine);
     }
     fresh.header += ") VALUES ";
     groups_.push_back(std::move(fresh));
@@ -109,4 +109,4 @@ void InsertBatch::Flush() {
   for (auto& group : groups_) Send(group);
 }
 
-}  // namespace lupin::entry::demo
+}  // namespace lupin::demo

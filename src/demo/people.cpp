@@ -1,11 +1,11 @@
 // People and addresses for the demo data.
-#include "entry/demo_people.h"
+#include "demo/people.h"
 
 #include <string>
 
-#include "entry/demo_words.h"
+#include "demo/words.h"
 
-namespace lupin::entry::demo {
+namespace lupin::demo {
 namespace {
 
 constexpr int kPrefectureCount = static_cast<int>(std::size(kPrefectures));
@@ -151,4 +151,4 @@ Person MakePersonIn(Random& r, int prefecture, int company_percent, int place) {
   return p;
 }
 
-}  // namespace lupin::entry::demo
+}  // namespace lupin::demo

@@ -9,12 +9,12 @@
 #include "db/connection.h"
 #include "entry/schema.h"
 
-namespace lupin::entry::demo {
+namespace lupin::demo {
 
 // One row of a table, as SQL literals in the table's column order.
 class SqlRow {
  public:
-  explicit SqlRow(const TableDef& table);
+  explicit SqlRow(const entry::TableDef& table);
   // The position of a column; a name the table lacks is a fault of the generator.
   int Index(std::string_view column) const;
 
@@ -30,11 +30,11 @@ class SqlRow {
   void Real(int index, double value);
 
   void AppendTo(std::string& out) const;
-  const TableDef& Table() const { return table_; }
+  const entry::TableDef& Table() const { return table_; }
 
  private:
   std::size_t Checked(int index) const;
-  const TableDef& table_;
+  const entry::TableDef& table_;
   std::vector<std::string> values_;
 };
 
@@ -42,7 +42,7 @@ class SqlRow {
 // most `rows_per_statement` rows; rows that leave out the same columns share a statement.
 class InsertBatch {
  public:
-  InsertBatch(db::Connection& connection, const TableDef& table, int rows_per_statement);
+  InsertBatch(db::Connection& connection, const entry::TableDef& table, int rows_per_statement);
   void Add(const SqlRow& row);
   void Flush();
   long RowsWritten() const { return written_; }
@@ -57,7 +57,7 @@ class InsertBatch {
   void Send(Group& group);
 
   db::Connection& connection_;
-  const TableDef& table_;
+  const entry::TableDef& table_;
   std::vector<Group> groups_;  // in order of first use, so statements go out in a fixed order
   std::vector<bool> present_;  // scratch
   int rows_per_statement_;
@@ -67,4 +67,4 @@ class InsertBatch {
 // text with every apostrophe doubled, in apostrophes.
 void AppendQuoted(std::string& out, std::string_view text);
 
-}  // namespace lupin::entry::demo
+}  // namespace lupin::demo

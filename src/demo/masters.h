@@ -3,9 +3,9 @@
 #include <string_view>
 
 #include "db/connection.h"
-#include "entry/demo_random.h"
+#include "demo/random.h"
 
-namespace lupin::entry::demo {
+namespace lupin::demo {
 
 struct ShopWord {
   std::string_view id;
@@ -59,4 +59,4 @@ int FillPayments(db::Connection& connection);
 int FillItems(db::Connection& connection, Random& random);
 int FillStaff(db::Connection& connection);
 
-}  // namespace lupin::entry::demo
+}  // namespace lupin::demo

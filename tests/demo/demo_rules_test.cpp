@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "entry/demo_calendar.h"
-#include "entry/demo_people.h"
-#include "entry/demo_random.h"
-#include "entry/demo_words.h"
+#include "demo/calendar.h"
+#include "demo/people.h"
+#include "demo/random.h"
+#include "demo/words.h"
 
-namespace lupin::entry::demo {
+namespace lupin::demo {
 namespace {
 
 TEST(DemoRandom, SameSeedSameSequenceOtherSeedOtherSequence) {
@@ -85,4 +85,4 @@ TEST(DemoPeople, CoveringPersonsWriteTheirPrefectureAndPlace) {
 }
 
 }  // namespace
-}  // namespace lupin::entry::demo
+}  // namespace lupin::demo

@@ -3,7 +3,7 @@
 // operators type delivery times.
 #include <string_view>
 
-namespace lupin::entry::demo {
+namespace lupin::demo {
 
 struct NamePart {
   std::string_view kanji;
@@ -209,4 +209,4 @@ inline constexpr std::string_view kOpinions[] = {
 inline constexpr std::string_view kStaff[] = {"山田 一郎", "鈴木 花子", "佐藤 健太", "田中 美咲",
                                              "高橋 誠",   "伊藤 裕子", "渡辺 翔太", "中村 恵子"};
 
-}  // namespace lupin::entry::demo
+}  // namespace lupin::demo

@@ -1,14 +1,14 @@
 // Master rows of the demo installation.
-#include "entry/demo_masters.h"
+#include "demo/masters.h"
 
-#include "entry/demo_sql.h"
-#include "entry/demo_words.h"
+#include "demo/insert_batch.h"
+#include "demo/words.h"
 #include "entry/schema.h"
 
-namespace lupin::entry::demo {
+namespace lupin::demo {
 
 int FillShops(db::Connection& connection) {
-  const TableDef& table = *FindTable("SHOP");
+  const entry::TableDef& table = *entry::FindTable("SHOP");
   SqlRow row(table);
   InsertBatch batch(connection, table, 100);
   for (const auto& s : kShops) {
@@ -30,7 +30,7 @@ int FillShops(db::Connection& connection) {
 }
 
 int FillPayments(db::Connection& connection) {
-  const TableDef& table = *FindTable("PAYMENT");
+  const entry::TableDef& table = *entry::FindTable("PAYMENT");
   SqlRow row(table);
   InsertBatch batch(connection, table, 100);
   for (const auto& shop : kShops) {
@@ -54,7 +54,7 @@ int FillPayments(db::Connection& connection) {
 }
 
 int FillItems(db::Connection& connection, Random& random) {
-  const TableDef& table = *FindTable("ITEM");
+  const entry::TableDef& table = *entry::FindTable("ITEM");
   SqlRow row(table);
   InsertBatch batch(connection, table, 200);
   for (const auto& shop : kShops) {
@@ -74,7 +74,7 @@ int FillItems(db::Connection& connection, Random& random) {
 }
 
 int FillStaff(db::Connection& connection) {
-  const TableDef& table = *FindTable("TANTO");
+  const entry::TableDef& table = *entry::FindTable("TANTO");
   SqlRow row(table);
   InsertBatch batch(connection, table, 100);
   int code = 0;
@@ -88,4 +88,4 @@ int FillStaff(db::Connection& connection) {
   return static_cast<int>(batch.RowsWritten());
 }
 
-}  // namespace lupin::entry::demo
+}  // namespace lupin::demo

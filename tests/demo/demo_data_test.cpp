@@ -9,12 +9,12 @@
 #include <vector>
 
 #include "entry/catalogue.h"
-#include "entry/demo_data.h"
-#include "entry/demo_words.h"
+#include "demo/demo_data.h"
+#include "demo/words.h"
 #include "entry/schema.h"
 #include "support/test_databases.h"
 
-namespace lupin::entry {
+namespace lupin::demo {
 namespace {
 
 constexpr int kOrders = 1000;
@@ -243,4 +243,4 @@ LUPIN_INSTANTIATE_ENGINES(DemoData);
 LUPIN_INSTANTIATE_ENGINES(DemoCatalogue);
 
 }  // namespace
-}  // namespace lupin::entry
+}  // namespace lupin::demo

@@ -1,16 +1,16 @@
 // Filling a fresh database with the demo shop: masters, customers and orders in batches.
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 
 #include <algorithm>
 #include <string>
 #include <vector>
 
-#include "entry/demo_calendar.h"
-#include "entry/demo_masters.h"
-#include "entry/demo_orders.h"
-#include "entry/demo_words.h"
+#include "demo/calendar.h"
+#include "demo/masters.h"
+#include "demo/orders.h"
+#include "demo/words.h"
 
-namespace lupin::entry {
+namespace lupin::demo {
 namespace {
 
 bool IsEmpty(db::Connection& connection, std::string_view table) {
@@ -95,4 +95,4 @@ DemoSummary FillDemoData(db::Connection& connection, const DemoOptions& options)
   return summary;
 }
 
-}  // namespace lupin::entry
+}  // namespace lupin::demo

@@ -4,14 +4,17 @@
 #include <string>
 
 #include "entry/catalogue.h"
-#include "entry/demo_data.h"
-#include "entry/demo_sql.h"
+#include "demo/demo_data.h"
+#include "demo/insert_batch.h"
 #include "entry/schema.h"
 
-namespace lupin::entry {
+namespace lupin::demo {
 namespace {
 
-using demo::SqlRow;
+using entry::Carrier;
+using entry::CatalogueEntry;
+using entry::OutputKind;
+using entry::SourceRows;
 
 // Names for the numbers whose delivery name the catalogue leaves open; REPORT.INI sections are
 // named after them, so each must be unique.
@@ -40,7 +43,7 @@ void SetInt(SqlRow& row, std::string_view column, std::int64_t value) { row.Int(
 // A plausible definition of a number: date criterion, preset options, remark columns, free fields.
 void DescribeReport(SqlRow& row, const CatalogueEntry& e) {
   const std::int32_t no = e.report_no;
-  const bool collect = IsCollectReport(no);
+  const bool collect = entry::IsCollectReport(no);
   const bool slip = e.carrier != Carrier::None && e.output == OutputKind::Report;
   const bool customers = e.source == SourceRows::Customers;
 
@@ -124,11 +127,11 @@ int FillReports(db::Connection& connection) {
   auto existing = connection.Open("SELECT [REPORT_NO] FROM [REPORT]");
   for (; !existing.Eof(); existing.MoveNext()) present.insert(existing["REPORT_NO"].Long());
 
-  const TableDef& table = *FindTable("REPORT");
+  const entry::TableDef& table = *entry::FindTable("REPORT");
   SqlRow row(table);
   demo::InsertBatch batch(connection, table, 200);
   int ord = 0;
-  for (const CatalogueEntry* e = CatalogueBegin(); e != CatalogueEnd(); ++e) {
+  for (const CatalogueEntry* e = entry::CatalogueBegin(); e != entry::CatalogueEnd(); ++e) {
     const bool listed = e->output != OutputKind::None || e->report_no == 2 || e->report_no == 3;
     if (!listed) continue;
     ord += 10;
@@ -156,7 +159,7 @@ int FillTax(db::Connection& connection) {
       {3, "1989/04/01", 0, 0}, {5, "1997/04/01", 0, 3}, {8, "2014/04/01", 0, 5},
       {10, "2019/10/01", 0, 8}, {8, "2019/10/01", 1, 8},
   };
-  const TableDef& table = *FindTable("TAX");
+  const entry::TableDef& table = *entry::FindTable("TAX");
   SqlRow row(table);
   demo::InsertBatch batch(connection, table, 50);
   for (const auto& g : kGenerations) {
@@ -187,4 +190,4 @@ long CountOrders(db::Connection& connection) {
   return count.Eof() ? 0 : static_cast<long>(count["CNT"].Long());
 }
 
-}  // namespace lupin::entry
+}  // namespace lupin::demo

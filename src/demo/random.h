@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <span>
 
-namespace lupin::entry::demo {
+namespace lupin::demo {
 
 // xoshiro256** seeded through splitmix64.
 class Random {
@@ -57,4 +57,4 @@ class Random {
   std::uint64_t state_[4];
 };
 
-}  // namespace lupin::entry::demo
+}  // namespace lupin::demo

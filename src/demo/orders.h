@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "db/connection.h"
-#include "entry/demo_people.h"
-#include "entry/demo_random.h"
+#include "demo/people.h"
+#include "demo/random.h"
 #include "entry/schema.h"
 
-namespace lupin::entry::demo {
+namespace lupin::demo {
 
 // The first order day of the demo range and the day the range ends ("today" of the demo shop):
 // the range covers the 5 %, 8 % and 10 % generations and the reduced rate.
@@ -25,7 +25,7 @@ struct DemoCustomer {
   int tanto = 0;
   std::string branch;   // telephone branch number, for customers who share a telephone
   int last_day = -1;    // day of the last order, -1 for none
-  std::array<std::int64_t, kLastSalesYear - kFirstSalesYear + 1> sales{};
+  std::array<std::int64_t, entry::kLastSalesYear - entry::kFirstSalesYear + 1> sales{};
   std::array<bool, 5> dm{};
 };
 
@@ -49,4 +49,4 @@ class OrderWriter {
 
 void WriteCustomers(db::Connection& connection, const std::vector<DemoCustomer>& customers);
 
-}  // namespace lupin::entry::demo
+}  // namespace lupin::demo

@@ -3,9 +3,9 @@
 #include <string>
 #include <string_view>
 
-#include "entry/demo_random.h"
+#include "demo/random.h"
 
-namespace lupin::entry::demo {
+namespace lupin::demo {
 
 struct Person {
   std::string company;
@@ -31,4 +31,4 @@ std::string ToWideAscii(std::string_view text);
 // Only the digits, full-width ones narrowed.
 std::string DigitsOf(std::string_view text);
 
-}  // namespace lupin::entry::demo
+}  // namespace lupin::demo

@@ -5,7 +5,7 @@
 
 #include "db/connection.h"
 
-namespace lupin::entry {
+namespace lupin::demo {
 
 struct DemoOptions {
   int orders = 1000;
@@ -41,4 +41,4 @@ DemoSummary FillDemoData(db::Connection& connection, const DemoOptions& options)
 // Number of rows of CHUMON: init refuses to add demo orders to a database that has orders.
 long CountOrders(db::Connection& connection);
 
-}  // namespace lupin::entry
+}  // namespace lupin::demo
