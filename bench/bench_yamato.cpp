@@ -21,7 +21,7 @@
 #include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "entry/ui.h"
-#include "reports/slips/yamato_slip.h"
+#include "reports/slips/slip_registration.h"
 #include "run/print_form.h"
 #include "run/select_form.h"
 

@@ -3,6 +3,7 @@
 #include "common/sql.h"
 #include "common/vb.h"
 #include "entry/catalogue.h"
+#include "entry/print_list_order.h"
 #include "run/select_form.h"
 
 namespace lupin::run {
@@ -82,9 +83,7 @@ std::string OrderStatement(const SelectForm& f, std::string_view list_sort, int&
                                    : "SELECT [CHUMON].* FROM [CHUMON] WHERE " + conditions + " AND [ID] NOT IN (";
     statement += PrintedExclusion(def.report_no);
   }
-  statement += " ORDER BY [CHUMON].[ID] ";
-  statement += list_sort;
-  return statement;
+  return statement + entry::OrderListOrder(list_sort);
 }
 
 std::string CustomerStatement(const SelectForm& f) {

@@ -5,13 +5,13 @@
 #include "common/text.h"
 #include "common/vb.h"
 #include "entry/catalogue.h"
+#include "entry/print_list_order.h"
 #include "run/query_builder.h"
 
 namespace lupin::run {
 
 namespace {
 
-constexpr int kListSortSetting = 34;
 
 std::string Today() { return vb::FormatDate(vb::Today(), "YYYY/MM/DD"); }
 
@@ -415,7 +415,7 @@ SelectOutcome SelectForm::cmdSelect() {
     dedupe = 0;
   }
 
-  selection = BuildSelection(*this, context_.settings.GetSetting(kListSortSetting, ""));
+  selection = BuildSelection(*this, entry::ListSort(context_.settings));
   SQL = selection.sql;
   NoCarrierFilter = selection.no_carrier_filter;
 

@@ -1,4 +1,4 @@
-#include "reports/slips/yamato_item_block.h"
+#include "reports/slips/slip_item_block.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,9 +9,6 @@
 namespace lupin::reports {
 
 namespace {
-
-constexpr int kNameBytes = 25;
-constexpr int kQuantityBytes = 8;
 
 std::string PadRight(std::string text, int bytes) {
   text.append(static_cast<std::size_t>(std::max(0, bytes - text::ByteLen(text))), ' ');
@@ -24,7 +21,7 @@ std::string PadLeft(const std::string& text, int bytes) {
 
 }  // namespace
 
-std::string ItemBlock(const std::vector<ItemLine>& lines) {
+std::string ItemBlock(const std::vector<ItemLine>& lines, const ItemColumns& columns) {
   bool fractional = false;
   for (const ItemLine& line : lines) fractional = fractional || line.quantity != std::floor(line.quantity);
   const char* picture = fractional ? "0.00" : "0";
@@ -33,11 +30,9 @@ std::string ItemBlock(const std::vector<ItemLine>& lines) {
   const std::size_t shown = std::min(lines.size(), static_cast<std::size_t>(kItemBlockLines));
   for (std::size_t i = 0; i < shown; ++i) {
     const ItemLine& line = lines[i];
-    // A double-byte character astride the name column moves to the quantity's side by one byte,
-    // so the quantity still ends in the same place.
-    const bool astride = text::ByteClass(line.name, kNameBytes) == 2;
-    const int name_bytes = astride ? kNameBytes - 1 : kNameBytes;
-    const int quantity_bytes = astride ? kQuantityBytes + 1 : kQuantityBytes;
+    const bool astride = text::ByteClass(line.name, columns.name_bytes) == 2;
+    const int name_bytes = astride ? columns.astride_name_bytes : columns.name_bytes;
+    const int quantity_bytes = astride ? columns.astride_quantity_bytes : columns.quantity_bytes;
     block += PadRight(text::ByteLeft(line.name, name_bytes), name_bytes);
     block += PadLeft(vb::Format(line.quantity, picture), quantity_bytes);
     block += "\r\n";
