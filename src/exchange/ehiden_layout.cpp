@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "exchange/csv_quoted_line.h"
+#include "exchange/csv_line.h"
 
 namespace lupin::exchange {
 namespace {
@@ -110,7 +110,7 @@ void Ehiden3(Fields& f, const EhidenOrder& o, const EhidenOptions& options) {
 int EhidenFieldCount(EhidenGeneration generation) { return generation == EhidenGeneration::III ? 74 : 39; }
 
 void AppendEhiden3Header(std::string& out) {
-  AppendQuotedLine(out, std::span<const std::string_view>(kEhiden3Header));
+  AppendQuotedLine(out, kEhiden3Header);
 }
 
 void AppendEhidenLine(std::string& out, const EhidenOrder& order, const EhidenOptions& options,

@@ -14,6 +14,7 @@
 #include "db/connection.h"
 #include "entry/context.h"
 #include "entry/schema.h"
+#include "entry/ui.h"
 
 namespace lupin::exchange::testing {
 
@@ -78,6 +79,7 @@ struct ExportEnv {
   }
   TempDir dir;
   entry::Context context;
+  entry::RecordingUi ui;
   std::filesystem::path Out() const { return dir.Path() / "ehiden_s.csv"; }
 };
 
