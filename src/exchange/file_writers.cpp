@@ -2,8 +2,14 @@
 #include <functional>
 #include <utility>
 
+#include "exchange/ab_export.h"
+#include "exchange/amazon_export.h"
 #include "exchange/ehiden_export.h"
 #include "exchange/file_writer.h"
+#include "exchange/icats_export.h"
+#include "exchange/np_export.h"
+#include "exchange/wellnet.h"
+#include "exchange/yupack_export.h"
 
 namespace lupin::exchange {
 namespace {
@@ -19,6 +25,17 @@ constexpr std::pair<std::string_view, Factory> kWriters[] = {
     {"modEhidenCsv", Make<modEhidenCsv>},
     {"modEhiden2Csv", Make<modEhiden2Csv>},
     {"modEhiden3Csv", Make<modEhiden3Csv>},
+    {"modICatsCsv", Make<modICatsCsv>},
+    {"modICatsCsvV6", Make<modICatsCsvV6>},
+    {"modYupack", Make<modYupack>},
+    {"modYupackV4", Make<modYupackV4>},
+    {"modYupackR", Make<modYupackR>},
+    {"clsNPUriage", Make<NPUriageExport>},
+    {"clsNPSyukka", Make<NPSyukkaExport>},
+    {"clsABUriage", Make<ABUriageExport>},
+    {"clsABSyukka", Make<ABSyukkaExport>},
+    {"clsWellNet", Make<WellNetWriter>},
+    {"modAmazonSyukka", Make<modAmazonSyukka>},
 };
 
 }  // namespace
