@@ -2,7 +2,7 @@
 // statement would have given.
 #include <gtest/gtest.h>
 
-#include "ehiden_fixture.h"
+#include "exchange_fixture.h"
 #include "entry/schema.h"
 #include "exchange/checked_order_fetch.h"
 #include "support/test_databases.h"

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "common/text.h"
-#include "ehiden_fixture.h"
+#include "exchange_fixture.h"
 #include "exchange/ehiden_export.h"
 #include "run/file_report_dispatch.h"
 #include "support/test_databases.h"

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "common/text.h"
-#include "ehiden_fixture.h"
+#include "exchange_fixture.h"
 #include "exchange/ehiden_export.h"
 #include "support/test_databases.h"
 
