@@ -4,6 +4,8 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 
@@ -54,8 +56,12 @@ struct Fixture {
       grid.SetText(row, 11, rs["請求額"].Text());
       grid.SetText(row, 12, "0");
     }
-    const auto setup = lupin::exchange::EhidenSetupOf(*context, grid, lupin::exchange::EhidenGeneration::III);
-    text = lupin::exchange::BuildEhidenText(*db, grid, setup).text;
+    lupin::entry::RecordingUi ui;
+    lupin::exchange::modEhiden3Csv writer;
+    if (writer.Export(*context, ui, grid, dir / "ehiden_s.csv") == 0) {
+      std::ifstream in(dir / "ehiden_s.csv", std::ios::binary);
+      text = lupin::text::FromCp932(std::string(std::istreambuf_iterator<char>(in), {}));
+    }
   }
   ~Fixture() {
     std::error_code ignored;
@@ -71,8 +77,9 @@ Fixture& Get() {
 void BM_Ehiden3Export_Sqlite(benchmark::State& state) {
   Fixture& f = Get();
   lupin::exchange::modEhiden3Csv writer;
+  lupin::entry::RecordingUi ui;
   for (auto _ : state) {
-    const auto code = writer.Export(*f.context, f.grid, f.dir / "ehiden_s.csv");
+    const auto code = writer.Export(*f.context, ui, f.grid, f.dir / "ehiden_s.csv");
     if (code != 0) {
       state.SkipWithError(writer.ErrorText().c_str());
       return;

@@ -313,6 +313,30 @@ int Preview(entry::Context& ctx, StreamUi& ui, const SelectForm& form, PreviewRu
   return entry::IsSilentNoneReport(ctx.current.report_no) ? 0 : 1;
 }
 
+// cmdSiryo of report 92: the fixed request-for-material object, without the report's printer
+// settings, the ledger or waybill numbers; --print sends its pages out all the same.
+int RequestForMaterial(entry::Context& ctx, StreamUi& ui, const SelectForm& form, PrintForm& print,
+                       PreviewRunner* runner, const PreviewOutputs& outputs, PageProgress& progress, std::ostream& err) {
+  print.cmdSiryo();
+  if (runner == nullptr) {
+    err << "帳票エンジンがないため、ページを出力できません。\n";
+    return 2;
+  }
+  PreviewForm preview(ctx, ui, form, *runner, print.Siryo);
+  const bool shown = preview.S_DisplayReport();
+  progress.Finish();
+  if (!shown) {
+    ui.MessageBox(runner->Message(), preview.caption, entry::kExclamation);
+    return 1;
+  }
+  err << "プレビュー: " << runner->Pages() << " ページ\n";
+  if (outputs.print && !preview.cmdPrint()) {
+    ui.MessageBox(runner->Message(), preview.caption, entry::kExclamation);
+    return 1;
+  }
+  return 0;
+}
+
 }  // namespace
 
 Range ParseRange(const std::string& text) {
@@ -401,6 +425,8 @@ int RunHeadless(const RunOptions& o, std::ostream& out, std::ostream& err, Previ
     ApplyChecks(o, print);
     if (!o.quiet) PrintTable(print.VisibleGrid(), o.json, out);
 
+    // Report 92's pages are its request for material (cmdSiryo), which books nothing.
+    if (report_no == 92 && pages_asked) return RequestForMaterial(ctx, ui, form, print, runner, o.outputs, progress, err);
     const PrintOutcome outcome = print.cmdPrint();
     if (outcome == PrintOutcome::FileWritten) return 0;
     if (outcome != PrintOutcome::Preview) return 1;

@@ -219,7 +219,7 @@ PrintOutcome PrintForm::PrintFile() {
     Message(MissingWriterMessage(report_no));
     return PrintOutcome::Failed;
   }
-  const auto written = writer->Write(context_, sprList, target.current);
+  const auto written = writer->Write(context_, ui_, sprList, target.current);
   if (written.code != 0) {
     Message(written.message);
     return PrintOutcome::Failed;

@@ -14,6 +14,7 @@
 #include "db/connection.h"
 #include "entry/context.h"
 #include "entry/schema.h"
+#include "entry/ui.h"
 
 namespace lupin::exchange::testing {
 
@@ -36,22 +37,25 @@ inline void AddOrder(db::Connection& db, int id, Fields fields) {
   InsertRow(db, "CHUMON", fields);
 }
 
-// A print-list row: check mark, id, company, name, amount, tax.
+// A print-list row: check mark, id, company, name, amount, tax, ship date (column 7), first item
+// (column 10).
 struct ListRow {
   bool checked = true;
   int id = 0;
-  std::string company{}, name{}, amount{}, tax{};
+  std::string company{}, name{}, amount{}, tax{}, ship_date{}, item1{};
 };
 inline common::Grid MakeGrid(const std::vector<ListRow>& rows, const std::string& name_caption = "氏名") {
   common::Grid grid(0, 16);
   grid.SetCaption(2, "ID");
   grid.SetCaption(3, "会社名");
   grid.SetCaption(4, name_caption);
+  grid.SetCaption(7, "出荷日");
+  grid.SetCaption(11, "請求額");
   for (const ListRow& r : rows) {
     const int row = grid.AddRow();
     grid.SetChecked(row, r.checked);
     for (const auto& [col, text] : {std::pair{2, std::to_string(r.id)}, {3, r.company}, {4, r.name}, {11, r.amount},
-                                    {12, r.tax}}) {
+                                    {12, r.tax}, {7, r.ship_date}, {10, r.item1}}) {
       grid.SetText(row, col, text);
     }
   }
@@ -78,6 +82,7 @@ struct ExportEnv {
   }
   TempDir dir;
   entry::Context context;
+  entry::RecordingUi ui;
   std::filesystem::path Out() const { return dir.Path() / "ehiden_s.csv"; }
 };
 
@@ -97,5 +102,10 @@ std::vector<ListRow> AddGoldenOrders(db::Connection& db);
 // free text (the shop's values), no option file and an item name from hinmei.txt.
 void ApplySetupA(entry::Context& context);
 void ApplySetupB(entry::Context& context);
+
+// The orders behind the files of the other carriers and services: plain, gifts of a shop with and
+// without ATENA, cash on delivery, card and Kuroneko payments, long addresses and names, quotes and
+// line breaks inside values, every form of delivery time; one unchecked row and one vanished order.
+std::vector<ListRow> AddExchangeOrders(db::Connection& db);
 
 }  // namespace lupin::exchange::testing

@@ -2,9 +2,9 @@
 // statement would have given.
 #include <gtest/gtest.h>
 
-#include "ehiden_fixture.h"
+#include "exchange_fixture.h"
 #include "entry/schema.h"
-#include "exchange/ehiden_order_fetch.h"
+#include "exchange/checked_order_fetch.h"
 #include "support/test_databases.h"
 
 namespace lupin::exchange {
@@ -12,11 +12,11 @@ namespace {
 
 using namespace lupin::exchange::testing;
 
-class EhidenOrderFetchTest : public lupin::testing::EngineTest {};
+class CheckedOrderFetchTest : public lupin::testing::EngineTest {};
 
-TEST_P(EhidenOrderFetchTest, EveryRowGetsItsOwnOrderAcrossBatches) {
+TEST_P(CheckedOrderFetchTest, EveryRowGetsItsOwnOrderAcrossBatches) {
   entry::CreateSchema(Db());
-  const int orders = EhidenOrderFetch::kBatch * 2 + 7;
+  const int orders = CheckedOrderFetch::kBatch * 2 + 7;
   Db().BeginTrans();
   // Every third id has no order.
   for (int id = 1; id <= orders; ++id)
@@ -32,7 +32,7 @@ TEST_P(EhidenOrderFetchTest, EveryRowGetsItsOwnOrderAcrossBatches) {
   grid.SetChecked(leading_zero, true);
   grid.SetText(leading_zero, 2, "0010");
 
-  EhidenOrderFetch fetch(Db(), grid);
+  CheckedOrderFetch fetch(Db(), grid);
   int found = 0;
   for (int row = 1; row <= grid.MaxRows(); ++row) {
     if (!grid.Checked(row)) continue;
@@ -45,15 +45,15 @@ TEST_P(EhidenOrderFetchTest, EveryRowGetsItsOwnOrderAcrossBatches) {
     EXPECT_EQ((*order)["ID"].Long(), id);
     EXPECT_EQ((*order)["氏名"].Text(), "客" + std::to_string(id));
   }
-  EXPECT_GT(found, EhidenOrderFetch::kBatch);
+  EXPECT_GT(found, CheckedOrderFetch::kBatch);
 }
 
-TEST_P(EhidenOrderFetchTest, AnIdThatIsNoNumberGoesToTheStatementAsItIs) {
+TEST_P(CheckedOrderFetchTest, AnIdThatIsNoNumberGoesToTheStatementAsItIs) {
   entry::CreateSchema(Db());
   AddOrder(Db(), 12, {{"氏名", "客"}});
   common::Grid grid = MakeGrid({{.id = 12}, {.id = 0}});
   grid.SetText(2, 2, "12 AND 1 = 1");
-  EhidenOrderFetch fetch(Db(), grid);
+  CheckedOrderFetch fetch(Db(), grid);
   EXPECT_NE(fetch.Order(1), nullptr);
   const db::Recordset* order = fetch.Order(2);
   ASSERT_NE(order, nullptr);
@@ -62,7 +62,7 @@ TEST_P(EhidenOrderFetchTest, AnIdThatIsNoNumberGoesToTheStatementAsItIs) {
   EXPECT_THROW(fetch.Order(2), db::DbError);
 }
 
-LUPIN_INSTANTIATE_ENGINES(EhidenOrderFetchTest);
+LUPIN_INSTANTIATE_ENGINES(CheckedOrderFetchTest);
 
 }  // namespace
 }  // namespace lupin::exchange

@@ -10,9 +10,9 @@
 
 namespace lupin::exchange {
 
-class EhidenOrderFetch {
+class CheckedOrderFetch {
  public:
-  EhidenOrderFetch(db::Connection& db, const common::Grid& grid) : db_(db), grid_(grid) {}
+  CheckedOrderFetch(db::Connection& db, const common::Grid& grid) : db_(db), grid_(grid) {}
 
   // The order of a checked grid row, positioned on it; null when it no longer exists. Valid until
   // the next call. Throws db::DbError from the data layer.

@@ -1,4 +1,4 @@
-#include "exchange/ehiden_order_fetch.h"
+#include "exchange/checked_order_fetch.h"
 
 #include <optional>
 
@@ -18,7 +18,7 @@ std::optional<std::int64_t> WholeNumber(const std::string& text) {
 
 }  // namespace
 
-void EhidenOrderFetch::ReadAhead(int from_row) {
+void CheckedOrderFetch::ReadAhead(int from_row) {
   std::string ids;
   int count = 0;
   int row = from_row;
@@ -36,7 +36,7 @@ void EhidenOrderFetch::ReadAhead(int from_row) {
   for (batch_.MoveFirst(); !batch_.Eof(); batch_.MoveNext()) positions_.emplace(batch_["ID"].Long(), position++);
 }
 
-const db::Recordset* EhidenOrderFetch::Order(int row) {
+const db::Recordset* CheckedOrderFetch::Order(int row) {
   const std::string& id_text = grid_.Text(row, 2);
   const auto id = WholeNumber(id_text);
   if (!id) {
