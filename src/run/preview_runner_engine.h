@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "engine/printer.h"
 #include "engine/report_registry.h"
@@ -28,6 +29,8 @@ class EnginePreviewRunner : public PreviewRunner {
   std::string Message() const override { return message_; }
 
   int Pages() const override { return pages_; }
+  bool Has(std::string_view object_name) const override { return registry_.Has(object_name); }
+  std::vector<std::string> Written() const override { return written_; }
   const engine::PrintOutcome& LastPrint() const { return last_print_; }
   // The job the print command submits for a rendered file: the report's printer, paper, bin and
   // orientation, the queue of outputs.printer when one is named.
@@ -44,6 +47,7 @@ class EnginePreviewRunner : public PreviewRunner {
   std::string title_;
   std::string message_;
   engine::PrintOutcome last_print_;
+  std::vector<std::string> written_;
   int pages_ = 0;
   int record_count_ = 0;
 };
