@@ -53,7 +53,7 @@ class PostgresConnection final : public Connection {
   long Execute(std::string_view sql) override {
     std::string text = BracketsToDoubleQuotes(sql);
     if (in_transaction_ && IsDeferrable(text)) {
-      if (!failure_.empty()) throw DbError(failure_);
+      if (!failure_.empty()) ThrowFailure();
       if (batch_.Add(text)) Flush();
       return -1;
     }
@@ -100,6 +100,7 @@ class PostgresConnection final : public Connection {
     Send("BEGIN");
     in_transaction_ = true;
     failure_.clear();
+    failure_conflict_ = false;
   }
 
   void CommitTrans() override {
@@ -112,7 +113,9 @@ class PostgresConnection final : public Connection {
     }
     if (!failure_.empty()) {
       std::string failure = std::move(failure_);
+      const bool conflict = failure_conflict_;
       RollbackTrans();
+      if (conflict) throw ConflictError(failure);
       throw DbError(failure);
     }
     in_transaction_ = false;
@@ -148,9 +151,22 @@ class PostgresConnection final : public Connection {
 
   void Send(const std::string& text) { Result ignored = Exec(text); }
 
+  [[noreturn]] void ThrowFailure() const {
+    if (failure_conflict_) throw ConflictError(failure_);
+    throw DbError(failure_);
+  }
+
+  // deadlock_detected, serialization_failure, unique_violation
+  static bool IsConflict(const PGresult* result) {
+    const char* state = result ? PQresultErrorField(result, PG_DIAG_SQLSTATE) : nullptr;
+    if (state == nullptr) return false;
+    const std::string_view code(state);
+    return code == "40P01" || code == "40001" || code == "23505";
+  }
+
   Result Run(const std::string& text) {
     if (in_transaction_) {
-      if (!failure_.empty()) throw DbError(failure_);
+      if (!failure_.empty()) ThrowFailure();
       Flush();
     }
     return Exec(text);
@@ -162,13 +178,19 @@ class PostgresConnection final : public Connection {
     if (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK || status == PGRES_EMPTY_QUERY) return result;
     std::string message = Trimmed(result ? PQresultErrorMessage(result.get()) : PQerrorMessage(conn_));
     if (message.empty()) message = Trimmed(PQerrorMessage(conn_));
-    if (in_transaction_ && failure_.empty()) failure_ = message;
+    const bool conflict = IsConflict(result.get());
+    if (in_transaction_ && failure_.empty()) {
+      failure_ = message;
+      failure_conflict_ = conflict;
+    }
+    if (conflict) throw ConflictError(message);
     throw DbError(message);
   }
 
   PGconn* conn_ = nullptr;
   bool in_transaction_ = false;
   std::string failure_;  // the first error inside the open transaction
+  bool failure_conflict_ = false;
   StatementBatch batch_;
 };
 
