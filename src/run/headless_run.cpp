@@ -159,6 +159,13 @@ int ApplyCriteria(const RunOptions& o, SelectForm& f, std::ostream& err) {
     f.chkOption[4].value = (o.zip->first.empty() && o.zip->second.empty()) ? 0 : 1;
   }
   if (o.nendo) {
+    // The year names a column ([年度純売上額2024]): only digits may reach the statement.
+    const bool year = !o.nendo->empty() && o.nendo->size() <= 4 &&
+                      o.nendo->find_first_not_of("0123456789") == std::string::npos;
+    if (!year) {
+      err << "年度 " << *o.nendo << " は数字 4 桁で指定してください。\n";
+      return false;
+    }
     if (!SelectByText(f.cboNendo, *o.nendo)) {
       const std::string year = NormalisedDate(*o.nendo + "/01/01");
       if (year.empty()) return Refuse(err, "--nendo の値 " + Quoted(*o.nendo) + " は年度ではありません。4 桁の西暦年 (例: 2026) で指定してください。");
