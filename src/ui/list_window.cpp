@@ -103,13 +103,13 @@ std::string ListWindow::DataOfCurrentRow() const {
 }
 
 bool ListWindow::cmdOK() {
-  const std::string data = DataOfCurrentRow();
-  if (data.empty() || channel_.isEmpty()) return false;
+  const std::string message = DataOfCurrentRow();
+  if (message.empty() || channel_.isEmpty()) return false;
   if (socket_.state() != QLocalSocket::ConnectedState) {
     socket_.connectToServer(channel_);
     if (!socket_.waitForConnected(1000)) return false;
   }
-  socket_.write(desktop::Line(data).c_str());
+  socket_.write(desktop::Line(message).c_str());
   socket_.flush();
   return true;
 }

@@ -348,11 +348,22 @@ void SelectWindow::Listen() {
   });
 }
 
+ListWindow* SelectWindow::OpenList(std::string_view title) {
+  // One window per list: a second request brings the open one to the front.
+  if (auto* open = findChild<ListWindow*>(Q(title))) {
+    BringToFront(*open);
+    return open;
+  }
+  auto* list = new ListWindow(session_.Context().Db(), title, ChannelName(), this);
+  list->show();
+  return list;
+}
+
 QString SelectWindow::ChannelName() const { return server_.isListening() ? server_.fullServerName() : QString(); }
 
-void SelectWindow::ReceiveData(const std::string& data, QLocalSocket* from) {
+void SelectWindow::ReceiveData(const std::string& text, QLocalSocket* from) {
   bool handled = false;
-  Handle([&] { handled = model_.S_RecvData(data); });
+  Handle([&] { handled = model_.S_RecvData(text); });
   if (!handled) return;
   // The list window that answered has done its work.
   if (from != nullptr) {

@@ -30,7 +30,7 @@ class SelectWindow : public QMainWindow {
   void Handle(const std::function<void()>& handler);
   void Refresh() { binder_.Push(); }
   // The list windows' data strings, as they arrive on the local socket.
-  void ReceiveData(const std::string& data, QLocalSocket* from);
+  void ReceiveData(const std::string& text, QLocalSocket* from);
   // Opens the list window of orders, customers or items (its title names it).
   ListWindow* OpenList(std::string_view title);
   // The name the list windows connect to; empty when the socket could not listen.
