@@ -1,3 +1,4 @@
+#include "reports/documents/order_list.h"
 #include "reports/documents/picking.h"
 #include "reports/slips/yamato_slip.h"
 #include "run/preview_runner_engine.h"
@@ -7,6 +8,7 @@ namespace lupin::run {
 engine::ReportRegistry ReportObjects() {
   engine::ReportRegistry objects;
   reports::RegisterPickingReports(objects);
+  reports::RegisterOrderListReport(objects);
   reports::RegisterYamatoReports(objects);
   return objects;
 }
