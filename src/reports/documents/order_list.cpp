@@ -175,7 +175,9 @@ void rptList::ActiveReport_FetchData(bool& eof) {
   if (eof) return;
   const std::int32_t report_no = context_.current.report_no;
   if (!((report_no >= 4 && report_no <= 8) || report_no == 28)) return;
-  const std::string date = FieldText(list_.date_column);
+  // The statement does not carry 出荷予定日: the planned list groups by order alone.
+  const bool dated = DataControl1.Recordset && DataControl1.Recordset->HasField(list_.date_column);
+  const std::string date = dated ? FieldText(list_.date_column) : std::string();
   const auto serial = vb::CDate(date);
   Fields().Set("GroupKey", db::Value((serial ? vb::FormatDate(*serial, "YYYYMMDD") : date) + FieldText("ID")));
 }
