@@ -1,5 +1,6 @@
 #include "reports/documents/order_list.h"
 #include "reports/documents/picking.h"
+#include "reports/documents/sales_summary.h"
 #include "reports/slips/yamato_slip.h"
 #include "run/preview_runner_engine.h"
 
@@ -9,6 +10,7 @@ engine::ReportRegistry ReportObjects() {
   engine::ReportRegistry objects;
   reports::RegisterPickingReports(objects);
   reports::RegisterOrderListReport(objects);
+  reports::RegisterSalesSummaryReport(objects);
   reports::RegisterYamatoReports(objects);
   return objects;
 }
