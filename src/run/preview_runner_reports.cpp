@@ -1,4 +1,6 @@
+#include "reports/documents/order_list.h"
 #include "reports/documents/picking.h"
+#include "reports/documents/sales_summary.h"
 #include "reports/slips/slip_registration.h"
 #include "run/preview_runner_engine.h"
 
@@ -10,6 +12,8 @@ engine::ReportRegistry ReportObjects() {
   static const engine::ReportRegistry objects = [] {
     engine::ReportRegistry registry;
     reports::RegisterPickingReports(registry);
+    reports::RegisterOrderListReport(registry);
+    reports::RegisterSalesSummaryReport(registry);
     reports::RegisterYamatoReports(registry);
     return registry;
   }();

@@ -43,6 +43,7 @@ SalesSummaryFilter SalesSummaryOf(const SelectForm& f) {
     const int index = f.cboPayment.list_index;
     if (index == 1 && f.cod_position > 0) {
       filter.payment = f.cboPayment.items[static_cast<std::size_t>(f.cod_position)];
+      filter.payment_excluded = true;
     } else if (index > 0) {
       filter.payment = f.cboPayment.Text();
     }

@@ -417,6 +417,10 @@ SelectOutcome SelectForm::cmdSelect() {
 
   selection = BuildSelection(*this, entry::ListSort(context_.settings));
   SQL = selection.sql;
+  context_.run = entry::RunValues{start_position, dedupe != 0, selection.item_list, selection.sales_summary,
+                                  cboShop_id.list_index > 0 ? cboShop_id.Text() : std::string(),
+                                  chkChumonOption[0].Checked() ? txtDate[0].text : std::string(),
+                                  chkChumonOption[0].Checked() ? txtDate[1].text : std::string()};
   NoCarrierFilter = selection.no_carrier_filter;
 
   if (entry::IsDirectReport(def.report_no)) {
