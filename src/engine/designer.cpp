@@ -171,12 +171,7 @@ class Reader {
   }
 
   ReportLayout Read(std::string_view text) const {
-    Json root;
-    try {
-      root = Json::parse(text);
-    } catch (const Json::parse_error& error) {
-      Fail("JSON", error.what());
-    }
+    Json root = Resolve(Parse(text), 0);
     OnlyKeys(root, "report", {"report", "title", "printer", "margins", "print_width", "fields", "sections"});
     ReportLayout layout;
     layout.name = Text(root, "report", "report");
@@ -218,6 +213,114 @@ class Reader {
   }
 
  private:
+  Json Parse(std::string_view text) const {
+    try {
+      return Json::parse(text);
+    } catch (const Json::parse_error& error) {
+      Fail("JSON", error.what());
+    }
+  }
+
+  // A variant names its base with "extends" and lists only what differs: top-level values
+  // replace the base's, a section of the same name merges into the base's, a control of the same
+  // name changes the base control's properties and a new name is added at the end.
+  Json Resolve(Json root, int depth) const {
+    if (!root.is_object()) Fail("report", "オブジェクトではありません");
+    if (auto sections = root.find("sections"); sections != root.end() && sections->is_array())
+      for (auto& section : *sections)
+        if (auto controls = section.find("controls"); controls != section.end()) ExpandRepeats(*controls);
+    const auto extends = root.find("extends");
+    if (extends == root.end()) return root;
+    if (!extends->is_string()) Fail("extends", "文字列ではありません");
+    if (depth > 4) Fail("extends", "継承が深すぎます");
+    const std::string base_file = extends->get<std::string>() + ".json";
+    Json merged;
+    bool found = false;
+    for (std::size_t i = 0; i < kDesignerSourceCount && !found; ++i) {
+      if (kDesignerSources[i].file_name != base_file) continue;
+      merged = Reader(base_file).Resolve(Reader(base_file).Parse(kDesignerSources[i].text), depth + 1);
+      found = true;
+    }
+    if (!found) Fail("extends", fmt::format("{} が組み込まれていません", base_file));
+    for (const auto& [key, value] : root.items()) {
+      if (key == "extends" || key == "sections") continue;
+      merged[key] = value;
+    }
+    if (auto sections = root.find("sections"); sections != root.end()) {
+      if (!sections->is_array()) Fail("report", "\"sections\" の配列がありません");
+      for (const auto& section : *sections) MergeSection(merged["sections"], section);
+    }
+    return merged;
+  }
+
+  static Json* FindByName(Json& array, const Json& name) {
+    for (auto& item : array)
+      if (item.is_object() && item.value("name", Json()) == name) return &item;
+    return nullptr;
+  }
+
+  void MergeSection(Json& base_sections, const Json& section) const {
+    if (!section.is_object()) Fail("sections", "セクションがオブジェクトではありません");
+    Json* base = FindByName(base_sections, section.value("name", Json()));
+    if (base == nullptr) {
+      base_sections.push_back(section);
+      return;
+    }
+    for (const auto& [key, value] : section.items()) {
+      if (key != "controls") (*base)[key] = value;
+    }
+    const auto controls = section.find("controls");
+    if (controls == section.end()) return;
+    if (!controls->is_array()) Fail("sections", "\"controls\" は配列です");
+    Json& base_controls = (*base)["controls"];
+    for (const auto& control : *controls) {
+      Json* existing = control.is_object() ? FindByName(base_controls, control.value("name", Json())) : nullptr;
+      if (existing == nullptr) {
+        base_controls.push_back(control);
+        continue;
+      }
+      for (const auto& [key, value] : control.items()) (*existing)[key] = value;
+    }
+  }
+
+  // A numbered run declared once: "repeat": {"count": 5, "first": 1, "left": 0, "top": 345}
+  // stands for count controls, the k-th (from 0) moved by k steps, with "{n}" in its name,
+  // caption and data field replaced by first + k.
+  void ExpandRepeats(Json& controls) const {
+    if (!controls.is_array()) return;
+    Json expanded = Json::array();
+    for (const auto& control : controls) {
+      const auto repeat = control.is_object() ? control.find("repeat") : control.end();
+      if (!control.is_object() || repeat == control.end()) {
+        expanded.push_back(control);
+        continue;
+      }
+      const std::string where = fmt::format("コントロール {} repeat", control.value("name", std::string()));
+      OnlyKeys(*repeat, where, {"count", "first", "left", "top"});
+      const int count = Number<int>(*repeat, "count", where, 0);
+      const int first = Number<int>(*repeat, "first", where, 1);
+      const int step_left = Number<int>(*repeat, "left", where, 0);
+      const int step_top = Number<int>(*repeat, "top", where, 0);
+      if (count < 1) Fail(where, "\"count\" は 1 以上です");
+      for (int k = 0; k < count; ++k) {
+        Json copy = control;
+        copy.erase("repeat");
+        const std::string number = std::to_string(first + k);
+        for (const char* key : {"name", "caption", "data_field"}) {
+          if (!copy.contains(key) || !copy[key].is_string()) continue;
+          std::string text = copy[key].get<std::string>();
+          for (std::size_t at = text.find("{n}"); at != std::string::npos; at = text.find("{n}", at))
+            text.replace(at, 3, number);
+          copy[key] = text;
+        }
+        copy["left"] = copy.value("left", 0) + k * step_left;
+        copy["top"] = copy.value("top", 0) + k * step_top;
+        expanded.push_back(std::move(copy));
+      }
+    }
+    controls = std::move(expanded);
+  }
+
   std::string file_;
 };
 

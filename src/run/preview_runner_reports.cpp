@@ -1,3 +1,4 @@
+#include "reports/documents/nouhin.h"
 #include "reports/documents/picking.h"
 #include "reports/slips/yamato_slip.h"
 #include "run/preview_runner_engine.h"
@@ -6,6 +7,7 @@ namespace lupin::run {
 
 engine::ReportRegistry ReportObjects() {
   engine::ReportRegistry objects;
+  reports::RegisterNouhinReports(objects);
   reports::RegisterPickingReports(objects);
   reports::RegisterYamatoReports(objects);
   return objects;
