@@ -25,7 +25,11 @@ std::string Amount(std::string_view value) { return vb::Format(vb::Val(value), "
 
 // A rate kept as a fraction (0.08), printed as the per cent a customer reads ("8").
 std::string PercentText(std::string_view fraction) {
-  return Trim(vb::Format(vb::Val(fraction) * 100, "0.##"));
+  const double percent = vb::Val(fraction) * 100;
+  std::string text = vb::Format(percent, "0.00");
+  while (text.back() == '0') text.pop_back();
+  if (text.back() == '.') text.pop_back();
+  return text;
 }
 
 std::string Slot(int k) { return std::to_string(k); }
@@ -131,10 +135,13 @@ void NouhinReport::ActiveReport_DataInitialize() {
 
 void NouhinReport::HideDrawnParts() {
   // On the preprinted paper only data prints: rules, boxes and fixed captions are on the form.
+  // They are hidden for good, so the steps that show titles again for a record leave them.
   for (const auto& control : Detail().Controls()) {
     const std::string type = control->TypeName();
     const bool caption = type == "label" && text::ToLower(text::CharLeft(control->Name, 3)) != "lbl";
-    if (type == "line" || type == "shape" || caption) control->Visible = false;
+    if (type != "line" && type != "shape" && !caption) continue;
+    control->Visible = false;
+    control->Tag = std::string(layout::kHiddenTag);
   }
 }
 
