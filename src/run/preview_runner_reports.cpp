@@ -1,5 +1,6 @@
 #include "reports/documents/nouhin.h"
 #include "reports/documents/picking.h"
+#include "reports/documents/seikyu.h"
 #include "reports/slips/yamato_slip.h"
 #include "run/preview_runner_engine.h"
 
@@ -9,6 +10,7 @@ engine::ReportRegistry ReportObjects() {
   engine::ReportRegistry objects;
   reports::RegisterNouhinReports(objects);
   reports::RegisterPickingReports(objects);
+  reports::RegisterSeikyuReports(objects);
   reports::RegisterYamatoReports(objects);
   return objects;
 }
