@@ -1,6 +1,7 @@
 #include "reports/documents/nouhin.h"
 #include "reports/documents/picking.h"
 #include "reports/documents/seikyu.h"
+#include "reports/documents/yubin_furikae.h"
 #include "reports/slips/yamato_slip.h"
 #include "run/preview_runner_engine.h"
 
@@ -11,6 +12,7 @@ engine::ReportRegistry ReportObjects() {
   reports::RegisterNouhinReports(objects);
   reports::RegisterPickingReports(objects);
   reports::RegisterSeikyuReports(objects);
+  reports::RegisterYubinFurikaeReport(objects);
   reports::RegisterYamatoReports(objects);
   return objects;
 }
