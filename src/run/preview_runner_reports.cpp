@@ -1,6 +1,9 @@
+#include "reports/documents/nouhin.h"
 #include "reports/documents/order_list.h"
 #include "reports/documents/picking.h"
 #include "reports/documents/sales_summary.h"
+#include "reports/documents/seikyu.h"
+#include "reports/documents/yubin_furikae.h"
 #include "reports/slips/slip_registration.h"
 #include "run/preview_runner_engine.h"
 
@@ -11,9 +14,12 @@ engine::ReportRegistry ReportObjects() {
   // last Yamato order run) reaches the next run, as the one designer instance did.
   static const engine::ReportRegistry objects = [] {
     engine::ReportRegistry registry;
+    reports::RegisterNouhinReports(registry);
     reports::RegisterPickingReports(registry);
     reports::RegisterOrderListReport(registry);
     reports::RegisterSalesSummaryReport(registry);
+    reports::RegisterSeikyuReports(registry);
+    reports::RegisterYubinFurikaeReport(registry);
     reports::RegisterYamatoReports(registry);
     return registry;
   }();
