@@ -109,6 +109,32 @@ void PageDrawer::DrawText(cairo_t* cr, const PageItem& item, const ShapedText* s
   }
   if (item.text.empty() || shaped_text == nullptr) return;
   const ShapedText& shaped = *shaped_text;
+  SetColour(cr, item.fore_color);
+  for (std::size_t i = 0; i < shaped.lines.size(); ++i) {
+    const ShapedLine& line = shaped.lines[i];
+    // The first line always prints; a further line only when it fits the box.
+    if (i > 0 && line.top + line.height > box.h + 0.01) break;
+    double dx = 0;
+    if (item.alignment == Alignment::Right) dx = box.w - line.width;
+    if (item.alignment == Alignment::Center) dx = (box.w - line.width) / 2;
+    const double x0 = box.x + dx;
+    for (const GlyphRun& run : line.runs) {
+      if (run.font != glyph_font_) {
+        Flush(cr);
+        // Held here: the shaper may drop the text that owned the font before the flush.
+        cairo_scaled_font_destroy(glyph_font_);
+        glyph_font_ = cairo_scaled_font_reference(run.font);
+      }
+      for (const cairo_glyph_t& g : run.glyphs) glyphs_.push_back({g.index, g.x + x0, g.y + box.y});
+    }
+    if (item.font.underline && line.width > 0) {
+      const double thickness = std::max(item.font.size * 0.05, 0.5);
+      cairo_rectangle(cr, x0, box.y + line.baseline + item.font.size * 0.1, line.width, thickness);
+      cairo_fill(cr);
+    }
+  }
+}
+
 void PageDrawer::DrawShape(cairo_t* cr, const PageItem& item) {
   Flush(cr);
   const Box box = BoxOf(item);
