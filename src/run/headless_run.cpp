@@ -160,15 +160,12 @@ int ApplyCriteria(const RunOptions& o, SelectForm& f, std::ostream& err) {
   }
   if (o.nendo) {
     // The year names a column ([年度純売上額2024]): only digits may reach the statement.
-    const bool year = !o.nendo->empty() && o.nendo->size() <= 4 &&
-                      o.nendo->find_first_not_of("0123456789") == std::string::npos;
-    if (!year) {
-      err << "年度 " << *o.nendo << " は数字 4 桁で指定してください。\n";
-      return false;
+    const bool digits = !o.nendo->empty() && o.nendo->size() <= 4 &&
+                        o.nendo->find_first_not_of("0123456789") == std::string::npos;
+    if (!digits || NormalisedDate(*o.nendo + "/01/01").empty()) {
+      return Refuse(err, "--nendo の値 " + Quoted(*o.nendo) + " は年度ではありません。4 桁の西暦年 (例: 2026) で指定してください。");
     }
     if (!SelectByText(f.cboNendo, *o.nendo)) {
-      const std::string year = NormalisedDate(*o.nendo + "/01/01");
-      if (year.empty()) return Refuse(err, "--nendo の値 " + Quoted(*o.nendo) + " は年度ではありません。4 桁の西暦年 (例: 2026) で指定してください。");
       f.cboNendo.AddItem(*o.nendo, static_cast<std::int32_t>(std::stoi(*o.nendo)));
       f.cboNendo.list_index = f.cboNendo.ListCount() - 1;
     }
