@@ -67,14 +67,18 @@ struct Fixture {
     context->current.report_name = "ベンチマーク";
     context->dialect = 0;
     // The print list as the run fills it, every row checked. The demo data leaves a few recipients
-    // without a telephone, postcode or item, which would (rightly) stop the carrier files.
+    // without a telephone, postcode or item, which would (rightly) stop the carrier files; the list
+    // leaves them out.
     grid.SetCaption(4, "氏名");
     grid.SetCaption(7, "出荷日");
     const std::string exportable =
         " WHERE ((TRIM(COALESCE([贈答先氏名],'')) = '' AND TRIM(COALESCE([電話番号],'')) <> ''"
         " AND TRIM(COALESCE([郵便番号],'')) <> '')"
         " OR (TRIM(COALESCE([贈答先氏名],'')) <> '' AND TRIM(COALESCE([贈答先電話番号],'')) <> ''"
-        " AND TRIM(COALESCE([贈答先住所],'')) <> '' AND TRIM(COALESCE([贈答先郵便番号],'')) <> ''))"
+        " AND TRIM(COALESCE([贈答先住所],'')) <> '' AND TRIM(COALESCE([贈答先郵便番号],'')) <> ''"
+        // The customer sends a gift, so the Yamato files need the customer's own values too.
+        " AND TRIM(COALESCE([電話番号],'')) <> '' AND TRIM(COALESCE([郵便番号],'')) <> ''"
+        " AND TRIM(COALESCE([住所],'')) <> ''))"
         " AND TRIM(COALESCE([商品名1],'')) <> ''";
     for (auto rs = db->Open("SELECT [ID],[会社名],[氏名],[請求額],[商品ID1] FROM [CHUMON]" + exportable + " ORDER BY [ID]");
          !rs.Eof(); rs.MoveNext()) {
