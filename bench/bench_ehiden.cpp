@@ -16,9 +16,9 @@
 #include "common/grid.h"
 #include "common/text.h"
 #include "db/connection.h"
+#include "demo/demo_data.h"
 #include "entry/catalogue.h"
 #include "entry/context.h"
-#include "entry/demo_data.h"
 #include "entry/schema.h"
 #include "entry/ui.h"
 #include "exchange/ehiden_export.h"
@@ -55,8 +55,8 @@ struct Fixture {
       db->Execute("SET search_path = " + schema);
     }
     lupin::entry::CreateSchema(*db);
-    lupin::entry::FillCatalogue(*db);
-    lupin::entry::FillDemoData(*db, {.orders = kOrders, .seed = 11, .batch = 1000, .progress = {}});
+    lupin::demo::FillCatalogue(*db);
+    lupin::demo::FillDemoData(*db, {.orders = kOrders, .seed = 11, .batch = 1000, .progress = {}});
     // Every order an Amazon order with a carrier, so no file stops at a row it rightly refuses.
     db->Execute("UPDATE [CHUMON] SET [電子決済受付No] = 'AMZ-' || CAST([ID] AS VARCHAR(12))");
     db->Execute("UPDATE [CHUMON] SET [宅配業者] = 'ヤマト運輸' WHERE COALESCE([宅配業者],'') = ''");
