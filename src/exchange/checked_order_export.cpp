@@ -34,7 +34,7 @@ std::int16_t CheckedOrderExport::Export(entry::Context& context, entry::Ui& ui, 
     }
     if (!HeadAlone() && text.size() > lines_from) text.insert(0, head);
     // With nothing to write an earlier file stays.
-    if (text.empty()) return kExportDone;
+    if (text.empty() && !ReplacesWhenEmpty()) return kExportDone;
     error_text_ = NotWrittenMessage();
     if (!files::ReplaceFileAtomically(path, text::ToCp932(text).bytes)) return kExportNotWritten;
     return kExportDone;

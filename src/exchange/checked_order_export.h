@@ -62,6 +62,8 @@ class CheckedOrderExport : public FileWriter {
   virtual void AppendHead(std::string& out) const { (void)out; }
   // True when the head alone is a file worth writing; otherwise it goes out only with lines.
   virtual bool HeadAlone() const { return true; }
+  // True when even an empty text replaces the file, as opening a file for output did.
+  virtual bool ReplacesWhenEmpty() const { return false; }
   virtual RowFailure Line(const CheckedOrder& order, db::Connection& db, std::string& out) = 0;
 
  private:

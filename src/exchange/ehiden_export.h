@@ -14,9 +14,8 @@
 
 namespace lupin::exchange {
 
-// Row failures of the Sagawa files.
+// A missing name ends a Sagawa export with code 3 (address and telephone with 5).
 inline constexpr std::int16_t kEhidenNameMissing = 3;
-inline constexpr std::int16_t kEhidenAddressOrTelMissing = 5;
 
 // What an export needs besides the grid, from the context: the report's free texts, the option
 // file (generations II and III), hinmei.txt's line and the name column's caption.

@@ -144,7 +144,7 @@ RowFailure ICatsCsvWriter::Line(const CheckedOrder& o, db::Connection& db, std::
   if (!vb::IsDate(ship_date)) return {4, setup_.ship_date_caption + "を正しく入力して下さい。"};
 
   const Party to = Recipient(o, is_gift);
-  const std::string tel = CutBytes(b2 ? 15 : 13, to.tel, b2);
+  const std::string tel = CutBytes(b2 ? 15 : 13, to.tel, true);
   if (tel.empty()) return {3, "電話番号が設定されていません。"};
   std::string zip = CutBytes(7, RemoveAll(to.zip, "-"));
   if (zip.empty()) return {5, "郵便番号が設定されていません。"};
@@ -153,7 +153,7 @@ RowFailure ICatsCsvWriter::Line(const CheckedOrder& o, db::Connection& db, std::
   if (name.empty()) return {3, setup_.name_caption + "を入力してください。"};
 
   const Party from = Sender(o, customer_sends, setup_);
-  const std::string from_tel = CutBytes(b2 ? 15 : 13, from.tel, b2);
+  const std::string from_tel = CutBytes(b2 ? 15 : 13, from.tel, true);
   if (from_tel.empty()) return {5, "ショップ電話番号が設定されていません。"};
   std::string from_zip = CutBytes(7, RemoveAll(from.zip, "-"));
   if (from_zip.empty()) return {5, "ショップ郵便番号が設定されていません。"};

@@ -54,9 +54,11 @@ class clsNPSyukka {
   std::string Simei, ZSimei, ZJusyo;
 };
 
-// The drivers of the two files.
+// The drivers of the deferred-payment files: the file is opened for output before the first order,
+// so even an empty selection replaces it.
 class DeferredPaymentExport : public CheckedOrderExport {
  protected:
+  bool ReplacesWhenEmpty() const override { return true; }
   std::string NoPathMessage() const override { return "ファイルを開く事が出来ません"; }
   std::string NotWrittenMessage() const override { return "ファイルを開く事が出来ません"; }
 };
