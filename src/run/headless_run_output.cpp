@@ -75,7 +75,7 @@ std::vector<std::pair<std::string, std::string>> AppliedCriteria(const SelectFor
     if (f.chkChumonOption[1].Checked()) applied.emplace_back("ID", Span(f.txtId[0].text, f.txtId[1].text));
     if (f.chkChumonOption[2].Checked() && f.cboPayment.list_index > 0) applied.emplace_back("支払方法", f.cboPayment.Text());
     if (f.cboShop_id.list_index > 0) applied.emplace_back("ショップ", f.cboShop_id.Text());
-    if (f.chkChumonOption[3].Checked()) applied.emplace_back("未印字のみ", "帳票 " + std::to_string(entry::LedgerReportNo(current.report_no)) + " の印刷台帳にない受注");
+    if (f.chkChumonOption[3].Checked()) applied.emplace_back("未印字のみ", "(帳票 " + std::to_string(entry::LedgerReportNo(current.report_no)) + " の印刷台帳にない受注)");
     const auto words = CarrierWords(current.report_no);
     if (f.NoCarrierFilter == 1 && !words.empty()) {
       std::string list;
