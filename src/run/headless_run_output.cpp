@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cmath>
 #include <ostream>
 
 #include "common/text.h"
@@ -52,6 +53,9 @@ nlohmann::ordered_json Cell(const common::Grid& grid, int row, const ColumnKey& 
       return column.col == 1 ? grid.Checked(row) : (!text.empty() && text != "0" && text != "False");
     case Kind::Number:
       if (text.empty()) return nullptr;
+      if (const double value = grid.Value(row, column.col); value == std::floor(value) && std::fabs(value) < 1e15) {
+        return static_cast<long long>(value);  // whole yen and numbers print without a fraction
+      }
       return grid.Value(row, column.col);
     case Kind::Text:
       break;
