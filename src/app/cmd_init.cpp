@@ -13,7 +13,7 @@
 #include "app/command_registry.h"
 #include "common/settings.h"
 #include "db/connection.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 
 namespace lupin::app {
@@ -76,18 +76,18 @@ void RunInit(const InitArgs& args) {
   const auto start = std::chrono::steady_clock::now();
 
   entry::CreateSchema(*connection);
-  const long existing = entry::CountOrders(*connection);
+  const long existing = demo::CountOrders(*connection);
   if (args.demo > 0 && existing > 0) {
     // Demo orders start at ID 1; adding them to real orders would collide or mix both.
     Fail("このデータベースには既に受注データが " + Grouped(existing) +
          " 件あります。デモデータは受注のないデータベースにだけ作成できます。");
   }
-  const entry::CatalogueSummary catalogue = entry::FillCatalogue(*connection);
+  const demo::CatalogueSummary catalogue = demo::FillCatalogue(*connection);
   PrepareHome(ComponentHome(args.home));
 
-  entry::DemoSummary demo;
+  demo::DemoSummary demo;
   if (args.demo > 0) {
-    entry::DemoOptions options;
+    demo::DemoOptions options;
     options.orders = args.demo;
     options.seed = args.seed;
     const auto demo_start = std::chrono::steady_clock::now();
@@ -99,7 +99,7 @@ void RunInit(const InitArgs& args) {
       std::cerr << "\rデモデータ作成中: " << Grouped(done) << " / " << Grouped(total) << " 件 ("
                 << Grouped(rate) << " 件/秒)" << std::flush;
     };
-    demo = entry::FillDemoData(*connection, options);
+    demo = demo::FillDemoData(*connection, options);
     if (terminal) std::cerr << '\n';
   }
   const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();

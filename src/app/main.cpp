@@ -23,6 +23,13 @@ int main(int argc, char** argv) {
       "            3 印刷・出力するデータがない, 64 コマンドラインの指定の誤り\n"
       "各サブコマンドの詳細は lupinprint SUBCOMMAND --help で表示します。");
   for (const auto& install : lupin::app::Installers()) install(root);
+  // Without a subcommand the desktop opens.
+  char gui[] = "gui";
+  char* desktop_argv[] = {argv[0], gui, nullptr};
+  if (argc == 1) {
+    argc = 2;
+    argv = desktop_argv;
+  }
   try {
     root.parse(argc, argv);
   } catch (const CLI::Success& e) {

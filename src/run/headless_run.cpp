@@ -1,6 +1,5 @@
 #include "run/headless_run.h"
 
-#include <pwd.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -14,6 +13,7 @@
 #include "common/sql.h"
 #include "entry/catalogue.h"
 #include "entry/context.h"
+#include "entry/lupns6pt.h"
 #include "run/carrier_filter.h"
 #include "run/file_report_dispatch.h"
 #include "run/headless_run_output.h"
@@ -159,6 +159,13 @@ int ApplyCriteria(const RunOptions& o, SelectForm& f, std::ostream& err) {
     f.chkOption[4].value = (o.zip->first.empty() && o.zip->second.empty()) ? 0 : 1;
   }
   if (o.nendo) {
+    // The year names a column ([年度純売上額2024]): only digits may reach the statement.
+    const bool year = !o.nendo->empty() && o.nendo->size() <= 4 &&
+                      o.nendo->find_first_not_of("0123456789") == std::string::npos;
+    if (!year) {
+      err << "年度 " << *o.nendo << " は数字 4 桁で指定してください。\n";
+      return false;
+    }
     if (!SelectByText(f.cboNendo, *o.nendo)) {
       const std::string year = NormalisedDate(*o.nendo + "/01/01");
       if (year.empty()) return Refuse(err, "--nendo の値 " + Quoted(*o.nendo) + " は年度ではありません。4 桁の西暦年 (例: 2026) で指定してください。");
@@ -338,17 +345,31 @@ std::string CheckFileReportTarget(const entry::Context& ctx, std::int32_t report
   return CheckWritableFile(what, path);
 }
 
+// cmdSiryo of report 92: the fixed request-for-material object, without the report's printer
+// settings, the ledger or waybill numbers; --print sends its pages out all the same.
+int RequestForMaterial(entry::Context& ctx, StreamUi& ui, const SelectForm& form, PrintForm& print,
+                       PreviewRunner& runner, const PreviewOutputs& outputs, Progress& progress, std::ostream& err) {
+  print.cmdSiryo();
+  PreviewForm preview(ctx, ui, form, runner, print.Siryo);
+  const bool shown = preview.S_DisplayReport();
+  progress.Finish();
+  if (!shown) {
+    ui.MessageBox(runner.Message(), preview.caption, entry::kExclamation);
+    return kExitStopped;
+  }
+  err << "プレビュー: " << runner.Pages() << " ページ\n";
+  ShowWritten(runner, err);
+  if (outputs.print && !preview.cmdPrint()) {
+    ui.MessageBox(runner.Message(), preview.caption, entry::kExclamation);
+    return kExitStopped;
+  }
+  return kExitDone;
+}
+
 }  // namespace
 
 std::filesystem::path DefaultComponentHome() {
-  const auto folder = [](std::filesystem::path data) { return data / "Veltrona" / "LupinOrder6"; };
-  if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data == '/') return folder(data);
-  const char* home = std::getenv("HOME");
-  if (home == nullptr || *home == '\0') {
-    const passwd* entry = ::getpwuid(::getuid());
-    home = entry ? entry->pw_dir : "/";
-  }
-  return folder(std::filesystem::path(home) / ".local" / "share");
+  return entry::DefaultComponentDirectory(settings::StorePaths::Default());
 }
 
 std::string MissingSqliteDatabase(std::string_view url) {
@@ -468,6 +489,8 @@ int RunHeadless(const RunOptions& o, std::ostream& out, std::ostream& err, Previ
       }
     }
 
+    // Report 92's pages are its request for material (cmdSiryo), which books nothing.
+    if (report_no == 92 && pages_asked) return RequestForMaterial(ctx, ui, form, print, *runner, o.outputs, progress, err);
     if (entry::IsFileReport(report_no)) {
       if (const std::string refusal = CheckFileReportTarget(ctx, report_no); !refusal.empty()) {
         return Refuse(err, refusal, kExitNotOpened);

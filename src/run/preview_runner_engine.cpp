@@ -4,6 +4,7 @@
 #include <fstream>
 #include <optional>
 
+#include "catalogue/calibration.h"
 #include "engine/display.h"
 #include "engine/json_dump.h"
 #include "engine/render_pdf.h"
@@ -64,6 +65,8 @@ bool EnginePreviewRunner::Run(entry::Context& context, std::string_view object_n
     return false;
   }
   engine::ApplyReportSettings(*report, context.current, object_name == kSiryoObject);
+  home_ = context.home;
+  report_no_ = context.current.report_no;
   printer_ = report->Printer;
   title_ = report->DocumentTitle;
 
@@ -85,6 +88,7 @@ bool EnginePreviewRunner::Run(entry::Context& context, std::string_view object_n
       fan.Add(dump->sink);
     }
     if (kept) fan.Add(*kept);
+    if (viewer_ != nullptr) fan.Add(*viewer_);
     result = report->Run(fan);
   } catch (const std::exception& e) {
     // A renderer that cannot even start ends the preview; nothing was written.
@@ -132,10 +136,21 @@ engine::PrintJob EnginePreviewRunner::Job(const std::string& pdf_path) const {
   return job;
 }
 
-bool EnginePreviewRunner::RenderKept(const PendingFile& file) {
+std::string EnginePreviewRunner::PrintQueue() const {
+  if (!outputs_.printer.empty()) return outputs_.printer;
+  if (!printer_.DeviceName.empty()) return printer_.DeviceName;
+  for (const auto& printer : engine::ListPrinters()) {
+    if (printer.is_default) return printer.name;
+  }
+  return {};
+}
+
+bool EnginePreviewRunner::RenderKept(const PendingFile& file, const std::string& queue) {
   try {
     engine::PdfRenderer renderer(file.TempPath().string());
-    kept_->Replay(renderer);
+    // Every page sent to a printer moves by that printer's calibration for the report.
+    catalogue::OffsetSink calibrated(renderer, catalogue::CalibrationStore(home_).Get(queue, report_no_));
+    kept_->Replay(calibrated);
     return true;
   } catch (const std::exception& e) {
     message_ = "ファイル '" + file.Target().string() + "' を書き込めません (" + e.what() + ")";
@@ -156,7 +171,7 @@ bool EnginePreviewRunner::Print() {
   }
   if (!outputs_.print_pdf.empty()) {
     PendingFile file(outputs_.print_pdf);
-    if (!RenderKept(file) || !file.Commit(message_)) return false;
+    if (!RenderKept(file, "") || !file.Commit(message_)) return false;
     written_.push_back(outputs_.print_pdf);
     last_print_.ok = true;
     last_print_.printer = outputs_.print_pdf;
@@ -164,7 +179,7 @@ bool EnginePreviewRunner::Print() {
   }
   // The job is copied to the server when it is submitted; the local file is not needed after.
   PendingFile spool(std::filesystem::temp_directory_path() / "lupinprint-job.pdf");
-  if (!RenderKept(spool)) return false;
+  if (!RenderKept(spool, PrintQueue())) return false;
   last_print_ = engine::SubmitPdf(Job(spool.TempPath().string()));
   if (!last_print_.ok) message_ = last_print_.message;
   return last_print_.ok;
