@@ -1,6 +1,5 @@
 #include "run/headless_run.h"
 
-#include <pwd.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -14,6 +13,7 @@
 #include "common/sql.h"
 #include "entry/catalogue.h"
 #include "entry/context.h"
+#include "entry/lupns6pt.h"
 #include "run/carrier_filter.h"
 #include "run/file_report_dispatch.h"
 #include "run/headless_run_output.h"
@@ -366,14 +366,7 @@ int RequestForMaterial(entry::Context& ctx, StreamUi& ui, const SelectForm& form
 }  // namespace
 
 std::filesystem::path DefaultComponentHome() {
-  const auto folder = [](std::filesystem::path data) { return data / "Veltrona" / "LupinOrder6"; };
-  if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data == '/') return folder(data);
-  const char* home = std::getenv("HOME");
-  if (home == nullptr || *home == '\0') {
-    const passwd* entry = ::getpwuid(::getuid());
-    home = entry ? entry->pw_dir : "/";
-  }
-  return folder(std::filesystem::path(home) / ".local" / "share");
+  return entry::DefaultComponentDirectory(settings::StorePaths::Default());
 }
 
 std::string MissingSqliteDatabase(std::string_view url) {
