@@ -68,8 +68,8 @@ if [ -x "$bench" ]; then
              /usr/bin/python3 -c 'import json,sys,statistics as s
 b=[x for x in json.load(sys.stdin)["benchmarks"] if x.get("run_type")=="iteration"]
 v=[x["pages/s"] for x in b]; print(f"{s.median(v):.0f} (±{(max(v)-min(v))/2:.0f})")'; }
-  one=$(rate 'BM_PdfDeliveryNotes/1000/1$')
-  two=$(rate 'BM_PdfDeliveryNotes/1000/2$')
+  one=$(rate 'BM_PdfDeliveryNotes/1000/1/')
+  two=$(rate 'BM_PdfDeliveryNotes/1000/2/')
   peer=$(rate 'BM_ReportLabPeer')
   row "PDF pages/s, one core" "$one" "ReportLab $peer" ""
   row "PDF pages/s, two cores" "$two" "one core $one" "≥ 2,000"

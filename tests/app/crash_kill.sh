@@ -5,7 +5,7 @@
 #   crash_kill.sh LUPINPRINT [TRIALS_PER_ENGINE]     (CRASH_TRIALS overrides; CI keeps it short)
 set -euo pipefail
 lupinprint=$1
-trials=${CRASH_TRIALS:-${2:-60}}
+trials=${CRASH_TRIALS:-${2:-100}}
 work=$(mktemp -d)
 schema="crash_$$"
 export XDG_CONFIG_HOME="$work/xdg" LUPIN_MACHINE_INI="$work/xdg/machine.ini"
