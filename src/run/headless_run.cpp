@@ -10,6 +10,7 @@
 #include "common/grid.h"
 #include "entry/catalogue.h"
 #include "entry/context.h"
+#include "entry/schema.h"
 #include "run/preview_form.h"
 #include "run/preview_runner_sinks.h"
 #include "run/print_form.h"
@@ -127,11 +128,13 @@ bool ApplyCriteria(const RunOptions& o, SelectForm& f, std::ostream& err) {
     f.chkOption[4].value = (o.zip->first.empty() && o.zip->second.empty()) ? 0 : 1;
   }
   if (o.nendo) {
-    // The year names a column ([年度純売上額2024]): only digits may reach the statement.
-    const bool year = !o.nendo->empty() && o.nendo->size() <= 4 &&
-                      o.nendo->find_first_not_of("0123456789") == std::string::npos;
-    if (!year) {
-      err << "年度 " << *o.nendo << " は数字 4 桁で指定してください。\n";
+    // The year names a column ([年度純売上額2024]): only a year the table has may reach the statement.
+    const bool digits = !o.nendo->empty() && o.nendo->size() <= 4 &&
+                        o.nendo->find_first_not_of("0123456789") == std::string::npos;
+    const int year = digits ? std::stoi(*o.nendo) : 0;
+    if (year < entry::kFirstSalesYear || year > entry::kLastSalesYear) {
+      err << "年度 " << *o.nendo << " の年間売上はありません (" << entry::kFirstSalesYear << "～"
+          << entry::kLastSalesYear << ")。\n";
       return false;
     }
     if (!SelectByText(f.cboNendo, *o.nendo)) {
