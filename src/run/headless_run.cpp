@@ -18,6 +18,7 @@
 #include "run/file_report_dispatch.h"
 #include "run/headless_run_output.h"
 #include "run/output_targets.h"
+#include "entry/schema.h"
 #include "run/preview_form.h"
 #include "run/print_form.h"
 #include "run/select_form.h"
@@ -159,11 +160,14 @@ int ApplyCriteria(const RunOptions& o, SelectForm& f, std::ostream& err) {
     f.chkOption[4].value = (o.zip->first.empty() && o.zip->second.empty()) ? 0 : 1;
   }
   if (o.nendo) {
-    // The year names a column ([年度純売上額2024]): only digits may reach the statement.
+    // The year names a column ([年度純売上額2024]): only a year the table has may reach the statement.
     const bool digits = !o.nendo->empty() && o.nendo->size() <= 4 &&
                         o.nendo->find_first_not_of("0123456789") == std::string::npos;
-    if (!digits || NormalisedDate(*o.nendo + "/01/01").empty()) {
-      return Refuse(err, "--nendo の値 " + Quoted(*o.nendo) + " は年度ではありません。4 桁の西暦年 (例: 2026) で指定してください。");
+    const int year = digits ? std::stoi(*o.nendo) : 0;
+    if (year < entry::kFirstSalesYear || year > entry::kLastSalesYear) {
+      return Refuse(err, "--nendo の値 " + Quoted(*o.nendo) + " の年間売上はありません。" +
+                             std::to_string(entry::kFirstSalesYear) + "～" + std::to_string(entry::kLastSalesYear) +
+                             " の西暦年で指定してください。");
     }
     if (!SelectByText(f.cboNendo, *o.nendo)) {
       f.cboNendo.AddItem(*o.nendo, static_cast<std::int32_t>(std::stoi(*o.nendo)));
