@@ -60,6 +60,7 @@ TEST_F(SelectWindowTest, AWrongDateIsRefusedWithTheFormCaptionAndKeepsTheFocus) 
   EXPECT_EQ(messages[0], "印刷選択: 日付を入力してください。");
   EXPECT_TRUE(w.txtDate[0]->hasFocus());
   // Typing a customer's telephone checks its criterion; clearing it unchecks it.
+  Pick(23);
   QTest::keyClicks(w.txtCustomer, "0312345678");
   EXPECT_TRUE(w.chkOption[0]->isChecked());
   w.txtCustomer->selectAll();

@@ -28,8 +28,9 @@ inline QApplication& App() {
   static char name[] = "lupin_ui_tests";
   static char* argv[] = {name, nullptr};
   setenv("QT_QPA_PLATFORM", "offscreen", 0);
-  static QApplication application(argc, argv);
-  return application;
+  // Never destroyed: Qt's GUI must not be torn down among the other statics at exit.
+  static QApplication* application = new QApplication(argc, argv);
+  return *application;
 }
 
 class FakePrinters : public catalogue::PrinterCapabilities {
