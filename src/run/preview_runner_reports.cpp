@@ -1,3 +1,4 @@
+#include "reports/documents/item_list.h"
 #include "reports/documents/order_list.h"
 #include "reports/documents/picking.h"
 #include "reports/documents/sales_summary.h"
@@ -10,6 +11,7 @@ engine::ReportRegistry ReportObjects() {
   engine::ReportRegistry objects;
   reports::RegisterPickingReports(objects);
   reports::RegisterOrderListReport(objects);
+  reports::RegisterItemListReport(objects);
   reports::RegisterSalesSummaryReport(objects);
   reports::RegisterYamatoReports(objects);
   return objects;
