@@ -1,3 +1,4 @@
+#include "reports/documents/address_label.h"
 #include "reports/documents/item_list.h"
 #include "reports/documents/order_list.h"
 #include "reports/documents/picking.h"
@@ -12,6 +13,7 @@ engine::ReportRegistry ReportObjects() {
   reports::RegisterPickingReports(objects);
   reports::RegisterOrderListReport(objects);
   reports::RegisterItemListReport(objects);
+  reports::RegisterAddressLabelReports(objects);
   reports::RegisterSalesSummaryReport(objects);
   reports::RegisterYamatoReports(objects);
   return objects;
