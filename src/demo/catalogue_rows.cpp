@@ -111,11 +111,15 @@ void DescribeReport(SqlRow& row, const CatalogueEntry& e) {
     SetText(row, "FLD_LBL2", "加入者名");
     SetText(row, "FLD_TXT2", "株式会社ルパン堂");
   }
-  // Margins are tenths of a millimetre: 10 mm around an A4 page, none on a preprinted slip.
-  for (const char* margin : {"MARGIN_LEFT", "MARGIN_TOP", "MARGIN_RIGHT", "MARGIN_BOTTOM"}) {
-    SetInt(row, margin, slip ? 0 : 100);
-  }
-  SetInt(row, "Orientation", 1);
+  // Margins are tenths of a millimetre: 10 mm around an A4 page, none on a preprinted slip; the
+  // label sheet's own edges (two columns of six labels of 97 x 42.3 mm) on the label reports.
+  const bool labels = no == 22 || no == 23;
+  SetInt(row, "MARGIN_LEFT", slip ? 0 : labels ? 45 : 100);
+  SetInt(row, "MARGIN_RIGHT", slip ? 0 : labels ? 45 : 100);
+  SetInt(row, "MARGIN_TOP", slip ? 0 : labels ? 214 : 100);
+  SetInt(row, "MARGIN_BOTTOM", slip ? 0 : labels ? 214 : 100);
+  // The order lists are laid out across an A4 sheet.
+  SetInt(row, "Orientation", e.object == "rptList" ? 2 : 1);
   SetInt(row, "PAPER_TYPE", slip ? 1 : 0);
   SetInt(row, "PAPER_SIZE", slip ? 256 : 9);  // user-defined slip form, else A4
   SetInt(row, "PAPER_BIN", 0);

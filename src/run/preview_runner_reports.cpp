@@ -1,3 +1,5 @@
+#include "reports/documents/address_label.h"
+#include "reports/documents/item_list.h"
 #include "reports/documents/nouhin.h"
 #include "reports/documents/order_list.h"
 #include "reports/documents/picking.h"
@@ -15,11 +17,13 @@ engine::ReportRegistry ReportObjects() {
   static const engine::ReportRegistry objects = [] {
     engine::ReportRegistry registry;
     reports::RegisterNouhinReports(registry);
-    reports::RegisterPickingReports(registry);
-    reports::RegisterOrderListReport(registry);
-    reports::RegisterSalesSummaryReport(registry);
     reports::RegisterSeikyuReports(registry);
     reports::RegisterYubinFurikaeReport(registry);
+    reports::RegisterOrderListReport(registry);
+    reports::RegisterItemListReport(registry);
+    reports::RegisterSalesSummaryReport(registry);
+    reports::RegisterAddressLabelReports(registry);
+    reports::RegisterPickingReports(registry);
     reports::RegisterYamatoReports(registry);
     return registry;
   }();
