@@ -6,6 +6,7 @@
 #include "entry/catalogue.h"
 #include "demo/demo_data.h"
 #include "demo/insert_batch.h"
+#include "demo/masters.h"
 #include "entry/schema.h"
 
 namespace lupin::demo {
@@ -153,6 +154,8 @@ int FillReports(db::Connection& connection) {
   return static_cast<int>(batch.RowsWritten());
 }
 
+}  // namespace
+
 int FillTax(db::Connection& connection) {
   auto count = connection.Open("SELECT COUNT(*) AS CNT FROM [TAX]");
   if (!count.Eof() && count["CNT"].Long() > 0) return 0;
@@ -177,8 +180,6 @@ int FillTax(db::Connection& connection) {
   batch.Flush();
   return static_cast<int>(batch.RowsWritten());
 }
-
-}  // namespace
 
 CatalogueSummary FillCatalogue(db::Connection& connection) {
   db::Transaction transaction(connection);
