@@ -4,6 +4,8 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 
@@ -12,7 +14,7 @@
 #include "common/text.h"
 #include "db/connection.h"
 #include "entry/context.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "exchange/ehiden_export.h"
 
@@ -32,8 +34,8 @@ struct Fixture {
     std::filesystem::create_directories(dir / "settings");
     db = lupin::db::OpenConnection("sqlite:" + (dir / "orders.db").string());
     lupin::entry::CreateSchema(*db);
-    lupin::entry::FillCatalogue(*db);
-    lupin::entry::FillDemoData(*db, {.orders = kOrders, .seed = 11, .batch = 1000, .progress = {}});
+    lupin::demo::FillCatalogue(*db);
+    lupin::demo::FillDemoData(*db, {.orders = kOrders, .seed = 11, .batch = 1000, .progress = {}});
     context = std::make_unique<lupin::entry::Context>(
         db.get(), lupin::settings::StorePaths::InFolder(dir / "settings"), dir);
     context->current.fld_txt = {"ルパン商店", "100-0001", "03-1111-2222", "", "東京都千代田区千代田１－１"};
@@ -54,8 +56,12 @@ struct Fixture {
       grid.SetText(row, 11, rs["請求額"].Text());
       grid.SetText(row, 12, "0");
     }
-    const auto setup = lupin::exchange::EhidenSetupOf(*context, grid, lupin::exchange::EhidenGeneration::III);
-    text = lupin::exchange::BuildEhidenText(*db, grid, setup).text;
+    lupin::entry::RecordingUi ui;
+    lupin::exchange::modEhiden3Csv writer;
+    if (writer.Export(*context, ui, grid, dir / "ehiden_s.csv") == 0) {
+      std::ifstream in(dir / "ehiden_s.csv", std::ios::binary);
+      text = lupin::text::FromCp932(std::string(std::istreambuf_iterator<char>(in), {}));
+    }
   }
   ~Fixture() {
     std::error_code ignored;
@@ -71,8 +77,9 @@ Fixture& Get() {
 void BM_Ehiden3Export_Sqlite(benchmark::State& state) {
   Fixture& f = Get();
   lupin::exchange::modEhiden3Csv writer;
+  lupin::entry::RecordingUi ui;
   for (auto _ : state) {
-    const auto code = writer.Export(*f.context, f.grid, f.dir / "ehiden_s.csv");
+    const auto code = writer.Export(*f.context, ui, f.grid, f.dir / "ehiden_s.csv");
     if (code != 0) {
       state.SkipWithError(writer.ErrorText().c_str());
       return;

@@ -14,7 +14,7 @@
 
 #include "common/settings.h"
 #include "db/connection.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "money/calc_chumon_t.h"
 
@@ -31,8 +31,8 @@ struct Database {
 
 void Fill(Database& d) {
   lupin::entry::CreateSchema(*d.connection);
-  lupin::entry::FillCatalogue(*d.connection);
-  lupin::entry::FillDemoData(*d.connection, {.orders = kOrders, .seed = 7, .batch = 1000, .progress = {}});
+  lupin::demo::FillCatalogue(*d.connection);
+  lupin::demo::FillDemoData(*d.connection, {.orders = kOrders, .seed = 7, .batch = 1000, .progress = {}});
   lupin::db::Recordset rs = d.connection->Open("SELECT [ID] FROM [CHUMON] ORDER BY [ID]");
   for (; !rs.Eof(); rs.MoveNext()) d.ids.push_back(static_cast<std::int32_t>(rs["ID"].Long()));
 }

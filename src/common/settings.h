@@ -2,6 +2,7 @@
 // The three settings stores: a machine-wide INI file (the machine store), the user file lupin.ini,
 // and a per-user fallback for a machine whose machine store does not exist.
 #include <filesystem>
+#include <map>
 #include <span>
 #include <string>
 #include <utility>
@@ -39,9 +40,19 @@ class Settings {
   std::string GetSetting(int number, std::string_view default_value, std::string_view name = "") const;
   void SaveSetting(int number, std::string_view value, std::string_view name = "");
   const StorePaths& Paths() const { return paths_; }
+  // A value that every read of the key (by number or by name) returns for the life of this object,
+  // without touching the stores: a batch run's setting for that run only. Keys compare without case.
+  void Override(std::string_view key, std::string_view value);
+  // The file a SaveSetting of the number or name writes to.
+  std::filesystem::path StoreFileForWrite(int number, std::string_view name = "") const;
 
  private:
+  struct NoCase {
+    using is_transparent = void;
+    bool operator()(std::string_view a, std::string_view b) const;
+  };
   StorePaths paths_;
+  std::map<std::string, std::string, NoCase> overrides_;
 };
 
 // Key names of the numbered settings, "" for a number outside the table (reading and writing differ

@@ -4,6 +4,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "engine/designer_merge.h"
 #include "engine/designer_table.h"
 
 namespace lupin::engine {
@@ -11,6 +12,14 @@ namespace lupin::engine {
 namespace {
 
 using Json = nlohmann::json;
+
+std::string_view DesignerText(std::string_view report_name) {
+  const std::string file_name = std::string(report_name) + ".json";
+  for (std::size_t i = 0; i < kDesignerSourceCount; ++i) {
+    if (kDesignerSources[i].file_name == file_name) return kDesignerSources[i].text;
+  }
+  throw DesignerError(fmt::format("{}: デザイナーが組み込まれていません", file_name));
+}
 
 class Reader {
  public:
@@ -145,7 +154,7 @@ class Reader {
     if (name.empty()) Fail("sections", "名前のないセクションがあります");
     const std::string where = fmt::format("セクション {}", name);
     OnlyKeys(object, where, {"name", "type", "height", "visible", "new_page", "data_field", "columns",
-                             "column_direction", "column_spacing", "controls"});
+                             "column_direction", "column_spacing", "header", "controls"});
     const std::string type_name = Text(object, "type", where);
     SectionType type;
     if (!SectionTypeFromName(type_name, type)) Fail(where, fmt::format("不明なセクションの種類 \"{}\"", type_name));
@@ -155,6 +164,9 @@ class Reader {
     section.PageBreak =
         static_cast<NewPage>(Choice(object, "new_page", where, {"none", "before", "after", "before_after"}, 0));
     section.DataField = Text(object, "data_field", where);
+    section.HeaderName = Text(object, "header", where);
+    if (!section.HeaderName.empty() && type != SectionType::GroupFooter)
+      Fail(where, "\"header\" はグループフッターだけが持ちます");
     if (type == SectionType::GroupHeader && section.DataField.empty())
       Fail(where, "グループヘッダーに \"data_field\" がありません");
     section.ColumnCount = Number<int>(object, "columns", where, 1);
@@ -171,7 +183,13 @@ class Reader {
   }
 
   ReportLayout Read(std::string_view text) const {
-    Json root = Resolve(Parse(text), 0);
+    Json root;
+    try {
+      root = Json::parse(text);
+    } catch (const Json::parse_error& error) {
+      Fail("JSON", error.what());
+    }
+    root = ResolveDesigner(file_, std::move(root), [](std::string_view report_name) { return DesignerText(report_name); });
     OnlyKeys(root, "report", {"report", "title", "printer", "margins", "print_width", "fields", "sections"});
     ReportLayout layout;
     layout.name = Text(root, "report", "report");
@@ -213,114 +231,6 @@ class Reader {
   }
 
  private:
-  Json Parse(std::string_view text) const {
-    try {
-      return Json::parse(text);
-    } catch (const Json::parse_error& error) {
-      Fail("JSON", error.what());
-    }
-  }
-
-  // A variant names its base with "extends" and lists only what differs: top-level values
-  // replace the base's, a section of the same name merges into the base's, a control of the same
-  // name changes the base control's properties and a new name is added at the end.
-  Json Resolve(Json root, int depth) const {
-    if (!root.is_object()) Fail("report", "オブジェクトではありません");
-    if (auto sections = root.find("sections"); sections != root.end() && sections->is_array())
-      for (auto& section : *sections)
-        if (auto controls = section.find("controls"); controls != section.end()) ExpandRepeats(*controls);
-    const auto extends = root.find("extends");
-    if (extends == root.end()) return root;
-    if (!extends->is_string()) Fail("extends", "文字列ではありません");
-    if (depth > 4) Fail("extends", "継承が深すぎます");
-    const std::string base_file = extends->get<std::string>() + ".json";
-    Json merged;
-    bool found = false;
-    for (std::size_t i = 0; i < kDesignerSourceCount && !found; ++i) {
-      if (kDesignerSources[i].file_name != base_file) continue;
-      merged = Reader(base_file).Resolve(Reader(base_file).Parse(kDesignerSources[i].text), depth + 1);
-      found = true;
-    }
-    if (!found) Fail("extends", fmt::format("{} が組み込まれていません", base_file));
-    for (const auto& [key, value] : root.items()) {
-      if (key == "extends" || key == "sections") continue;
-      merged[key] = value;
-    }
-    if (auto sections = root.find("sections"); sections != root.end()) {
-      if (!sections->is_array()) Fail("report", "\"sections\" の配列がありません");
-      for (const auto& section : *sections) MergeSection(merged["sections"], section);
-    }
-    return merged;
-  }
-
-  static Json* FindByName(Json& array, const Json& name) {
-    for (auto& item : array)
-      if (item.is_object() && item.value("name", Json()) == name) return &item;
-    return nullptr;
-  }
-
-  void MergeSection(Json& base_sections, const Json& section) const {
-    if (!section.is_object()) Fail("sections", "セクションがオブジェクトではありません");
-    Json* base = FindByName(base_sections, section.value("name", Json()));
-    if (base == nullptr) {
-      base_sections.push_back(section);
-      return;
-    }
-    for (const auto& [key, value] : section.items()) {
-      if (key != "controls") (*base)[key] = value;
-    }
-    const auto controls = section.find("controls");
-    if (controls == section.end()) return;
-    if (!controls->is_array()) Fail("sections", "\"controls\" は配列です");
-    Json& base_controls = (*base)["controls"];
-    for (const auto& control : *controls) {
-      Json* existing = control.is_object() ? FindByName(base_controls, control.value("name", Json())) : nullptr;
-      if (existing == nullptr) {
-        base_controls.push_back(control);
-        continue;
-      }
-      for (const auto& [key, value] : control.items()) (*existing)[key] = value;
-    }
-  }
-
-  // A numbered run declared once: "repeat": {"count": 5, "first": 1, "left": 0, "top": 345}
-  // stands for count controls, the k-th (from 0) moved by k steps, with "{n}" in its name,
-  // caption and data field replaced by first + k.
-  void ExpandRepeats(Json& controls) const {
-    if (!controls.is_array()) return;
-    Json expanded = Json::array();
-    for (const auto& control : controls) {
-      const auto repeat = control.is_object() ? control.find("repeat") : control.end();
-      if (!control.is_object() || repeat == control.end()) {
-        expanded.push_back(control);
-        continue;
-      }
-      const std::string where = fmt::format("コントロール {} repeat", control.value("name", std::string()));
-      OnlyKeys(*repeat, where, {"count", "first", "left", "top"});
-      const int count = Number<int>(*repeat, "count", where, 0);
-      const int first = Number<int>(*repeat, "first", where, 1);
-      const int step_left = Number<int>(*repeat, "left", where, 0);
-      const int step_top = Number<int>(*repeat, "top", where, 0);
-      if (count < 1) Fail(where, "\"count\" は 1 以上です");
-      for (int k = 0; k < count; ++k) {
-        Json copy = control;
-        copy.erase("repeat");
-        const std::string number = std::to_string(first + k);
-        for (const char* key : {"name", "caption", "data_field"}) {
-          if (!copy.contains(key) || !copy[key].is_string()) continue;
-          std::string text = copy[key].get<std::string>();
-          for (std::size_t at = text.find("{n}"); at != std::string::npos; at = text.find("{n}", at))
-            text.replace(at, 3, number);
-          copy[key] = text;
-        }
-        copy["left"] = copy.value("left", 0) + k * step_left;
-        copy["top"] = copy.value("top", 0) + k * step_top;
-        expanded.push_back(std::move(copy));
-      }
-    }
-    controls = std::move(expanded);
-  }
-
   std::string file_;
 };
 
@@ -331,11 +241,7 @@ ReportLayout ParseDesigner(std::string_view file_name, std::string_view json_tex
 }
 
 ReportLayout LoadDesigner(std::string_view report_name) {
-  const std::string file_name = std::string(report_name) + ".json";
-  for (std::size_t i = 0; i < kDesignerSourceCount; ++i) {
-    if (kDesignerSources[i].file_name == file_name) return ParseDesigner(file_name, kDesignerSources[i].text);
-  }
-  throw DesignerError(fmt::format("{}: デザイナーが組み込まれていません", file_name));
+  return ParseDesigner(std::string(report_name) + ".json", DesignerText(report_name));
 }
 
 std::vector<std::string> DesignerNames() {

@@ -7,6 +7,7 @@
 #include "common/settings.h"
 #include "db/connection.h"
 #include "entry/report_definition.h"
+#include "entry/run_values.h"
 
 namespace lupin::entry {
 
@@ -30,6 +31,7 @@ struct Context {
   int dialect = 1;                       // ResouceMode
   float tax_rate = 0.05f;                // setting Tax
   ReportDefinition current;              // filled by LoadReportDefinition
+  RunValues run;                         // filled by the selection form's cmdSelect
 
   db::Connection& Db() const;            // throws DbError when no connection was handed over
   const std::string& ClientName() const { return login.client_name; }

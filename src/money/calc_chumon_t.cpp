@@ -1,6 +1,7 @@
 #include "money/calc_chumon_t.h"
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "common/vb.h"
@@ -192,6 +193,10 @@ void clsCalcChumonT::Calc() {
 }
 
 void clsCalcChumonT::RewriteChumonT() {
+  // On its own the pair runs as one transaction: the order never stands without its row (a crash
+  // between the two), and the pair travels in one round trip. A caller's transaction holds it as is.
+  std::optional<db::Transaction> own;
+  if (!connection_->InTransaction()) own.emplace(*connection_);
   const std::string id = std::to_string(id_);
   connection_->Execute("DELETE FROM [CHUMON_T] WHERE [ID] = " + id);
   std::string statement = std::string("INSERT INTO [CHUMON_T](") + " [ID]" + ",[ZEIRATE1]" +
@@ -206,6 +211,7 @@ void clsCalcChumonT::RewriteChumonT() {
   }
   statement += ")";
   connection_->Execute(statement);
+  if (own) own->Commit();
 }
 
 }  // namespace lupin::money

@@ -1,6 +1,8 @@
 #pragma once
 // Which consumption-tax rates were in force on a reference date, from the TAX table.
 #include <cstdint>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "common/currency.h"
@@ -24,7 +26,9 @@ class clsZeiInfo {
   vb::DateSerial Kijyun() const { return kijyun_; }
   void SetKijyun(vb::DateSerial date) { kijyun_ = date; }
 
-  // Loads the youngest generation starting on or before Kijyun, in REDUCEDKBN order.
+  // Loads the youngest generation starting on or before Kijyun, in REDUCEDKBN order. What a date
+  // gave is kept for the object's life (TAX does not change while orders are calculated; a
+  // season's orders share a few hundred dates): SetDb starts afresh.
   void GetData();
 
   bool IsExistReduced() const;
@@ -35,6 +39,14 @@ class clsZeiInfo {
 
  private:
   int FindKind(std::int16_t kind) const;  // index of the first row of that kind, or -1
+
+  struct Generation {
+    bool found = false;  // no row leaves the previous rates standing
+    std::vector<std::int16_t> kinds;
+    std::vector<vb::Currency> rates, old_rates;
+  };
+  static constexpr std::size_t kGenerationCacheLimit = 4096;
+  std::unordered_map<std::string, Generation> generations_;  // by statement text
 
   db::Connection* connection_ = nullptr;
   int dialect_ = 0;

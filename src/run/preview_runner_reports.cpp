@@ -1,19 +1,28 @@
 #include "reports/documents/nouhin.h"
+#include "reports/documents/order_list.h"
 #include "reports/documents/picking.h"
+#include "reports/documents/sales_summary.h"
 #include "reports/documents/seikyu.h"
 #include "reports/documents/yubin_furikae.h"
-#include "reports/slips/yamato_slip.h"
+#include "reports/slips/slip_registration.h"
 #include "run/preview_runner_engine.h"
 
 namespace lupin::run {
 
 engine::ReportRegistry ReportObjects() {
-  engine::ReportRegistry objects;
-  reports::RegisterNouhinReports(objects);
-  reports::RegisterPickingReports(objects);
-  reports::RegisterSeikyuReports(objects);
-  reports::RegisterYubinFurikaeReport(objects);
-  reports::RegisterYamatoReports(objects);
+  // One registration for the process: what a report object keeps between runs (the shop of the
+  // last Yamato order run) reaches the next run, as the one designer instance did.
+  static const engine::ReportRegistry objects = [] {
+    engine::ReportRegistry registry;
+    reports::RegisterNouhinReports(registry);
+    reports::RegisterPickingReports(registry);
+    reports::RegisterOrderListReport(registry);
+    reports::RegisterSalesSummaryReport(registry);
+    reports::RegisterSeikyuReports(registry);
+    reports::RegisterYubinFurikaeReport(registry);
+    reports::RegisterYamatoReports(registry);
+    return registry;
+  }();
   return objects;
 }
 

@@ -5,13 +5,13 @@
 #include "common/text.h"
 #include "common/vb.h"
 #include "entry/catalogue.h"
+#include "entry/print_list_order.h"
 #include "run/query_builder.h"
 
 namespace lupin::run {
 
 namespace {
 
-constexpr int kListSortSetting = 34;
 
 std::string Today() { return vb::FormatDate(vb::Today(), "YYYY/MM/DD"); }
 
@@ -415,8 +415,12 @@ SelectOutcome SelectForm::cmdSelect() {
     dedupe = 0;
   }
 
-  selection = BuildSelection(*this, context_.settings.GetSetting(kListSortSetting, ""));
+  selection = BuildSelection(*this, entry::ListSort(context_.settings));
   SQL = selection.sql;
+  context_.run = entry::RunValues{start_position, dedupe != 0, selection.item_list, selection.sales_summary,
+                                  cboShop_id.list_index > 0 ? cboShop_id.Text() : std::string(),
+                                  chkChumonOption[0].Checked() ? txtDate[0].text : std::string(),
+                                  chkChumonOption[0].Checked() ? txtDate[1].text : std::string()};
   NoCarrierFilter = selection.no_carrier_filter;
 
   if (entry::IsDirectReport(def.report_no)) {

@@ -21,8 +21,7 @@ TEST(DesignerErrors, NameTheFileAndWhatIsWrong) {
       {R"({"report": "rptBad", "sections": [{"name": "PH", "type": "PageHeader"}]})", {"Detail"}},
       {R"({"report": )", {"JSON"}},
       {R"({"extends": "rptNowhere", "report": "rptBad"})", {"extends", "rptNowhere.json"}},
-      {DETAIL_WITH(R"({"kind": "Label", "name": "lblA{n}", "repeat": {"count": 0}})"), {"lblA{n}", "\"count\""}},
-      {DETAIL_WITH(R"({"kind": "Label", "name": "lblA{n}", "repeat": {"count": 2, "step": 1}})"), {"\"step\""}},
+      {DETAIL_WITH(R"({"kind": "Label", "name": "lblA{n}", "count": 0})"), {"lblA{n}", "\"count\""}},
   };
   for (const auto& [json, parts] : cases) {
     try {
@@ -56,7 +55,7 @@ TEST(DesignerLoad, NumberedRunsAreDeclaredOnce) {
   const ReportLayout layout = ParseDesigner("rptOk.json", R"({"report": "rptOk", "sections": [
     {"name": "Detail", "type": "Detail", "controls": [
       {"kind": "TextField", "name": "fldITEM_ID{n}", "data_field": "商品ID{n}", "left": 40, "top": 2760,
-       "repeat": {"count": 3, "first": 6, "top": 345}}]}]})");
+       "count": 3, "first": 6, "step": {"top": 345}}]}]})");
   const Controls& controls = layout.sections.at(0).Controls();
   ASSERT_EQ(controls.Count(), 3u);
   EXPECT_EQ(controls[2].Name, "fldITEM_ID8");

@@ -4,7 +4,7 @@
 
 #include "common/text.h"
 #include "db/connection.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "reports/slips/customer_barcode.h"
 
@@ -43,9 +43,9 @@ TEST(MakeCustomerBarcode, NonNumericPostcodeGivesNoBarcode) {
 TEST(MakeCustomerBarcode, DemoCustomersGiveEncodableFields) {
   auto connection = db::OpenConnection("sqlite::memory:");
   entry::CreateSchema(*connection);
-  entry::DemoOptions options;
+  demo::DemoOptions options;
   options.orders = 200;
-  entry::FillDemoData(*connection, options);
+  demo::FillDemoData(*connection, options);
   int filled = 0;
   for (auto rs = connection->Open("SELECT [郵便番号], [住所] FROM [CUSTOMER]"); !rs.Eof(); rs.MoveNext()) {
     const std::string zip = rs["郵便番号"].Text();

@@ -13,6 +13,7 @@
 #include "engine/json_dump.h"
 #include "entry/schema.h"
 #include "layout/format_parser.h"
+#include "reports/slips/slip_registration.h"
 #include "reports/slips/yamato_slip.h"
 
 namespace lupin::reports::testing {

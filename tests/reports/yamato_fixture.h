@@ -8,7 +8,7 @@
 #include "engine/page_collection.h"
 #include "engine/report_registry.h"
 #include "entry/context.h"
-#include "reports/slips/yamato_item_block.h"
+#include "reports/slips/slip_item_block.h"
 #include "support/test_databases.h"
 
 namespace lupin::reports::testing {

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "common/text.h"
-#include "reports/slips/yamato_item_block.h"
+#include "reports/slips/slip_item_block.h"
 #include "reports/slips/yamato_text.h"
-#include "reports/slips/yamato_time_mark.h"
+#include "reports/slips/yamato_slip.h"
 
 namespace lupin::reports {
 namespace {
@@ -29,7 +29,9 @@ TEST(YamatoTimeMark, EveryFormOperatorsType) {
       // Morning and afternoon prefixes, either case and width, the prefix repeated or not
       {"am9～am12", 1}, {"AM-12", 1}, {"AM10-12", 0}, {"ＰＭ２－４", 3}, {"PM2-PM4", 3}, {"PM8-9", 6}, {"PM12-2", 0},
   };
-  for (const auto& c : cases) EXPECT_EQ(DeliveryTimeMark(c.typed), c.mark) << "'" << c.typed << "'";
+  const TimeSlotTable slots = YamatoSpec("rptYamatoNew").time_slots;
+  for (const auto& c : cases)
+    EXPECT_EQ(slots.MarkFor(c.typed), c.mark == 0 ? "" : "shpDelivery" + std::to_string(c.mark)) << "'" << c.typed << "'";
 }
 
 std::string Blanks(int n) { return std::string(static_cast<std::size_t>(n), ' '); }

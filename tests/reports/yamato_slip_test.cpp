@@ -224,10 +224,11 @@ TEST_P(YamatoSlipRules, QueryIsTheWorkstationsStagedRows) {
   EXPECT_EQ(static_cast<YamatoSlip&>(*registry_.Create("rptYamatoNew", *orders)).Query(),
             "SELECT [CHUMON].*,[WK_PRINT].[COMPANY],[WK_PRINT].[SIMEI], [WK_PRINT].[ORD_DATE], [WK_PRINT].[DATE], "
             "[WK_PRINT].[BIKO1], [WK_PRINT].[BIKO2], [WK_PRINT].[ITEM_ID1], [WK_PRINT].[SEK_GAKU] FROM [CHUMON], "
-            "[WK_PRINT] WHERE [CHUMON].[ID] = [WK_PRINT].[ID] AND [WK_PRINT].[CLIENT_NAME] = 'WS1'");
+            "[WK_PRINT] WHERE [CHUMON].[ID] = [WK_PRINT].[ID] AND [WK_PRINT].[CLIENT_NAME] = 'WS1' ORDER BY [CHUMON].[ID] ");
   EXPECT_EQ(static_cast<YamatoSlip&>(*registry_.Create("rptYamatoNew", *customers)).Query(),
             "SELECT [CUSTOMER].*,[WK_PRINT].[COMPANY],[WK_PRINT].[SIMEI] FROM [CUSTOMER],[WK_PRINT] "
-            "WHERE [CUSTOMER].[顧客NO] = [WK_PRINT].[SEK_GAKU] AND [WK_PRINT].[CLIENT_NAME] = 'O''Neil'");
+            "WHERE [CUSTOMER].[顧客NO] = [WK_PRINT].[SEK_GAKU] AND [WK_PRINT].[CLIENT_NAME] = 'O''Neil'"
+            " ORDER BY [CUSTOMER].[郵便番号],[CUSTOMER].[顧客NO]");
 }
 
 LUPIN_INSTANTIATE_ENGINES(YamatoSlipRules);

@@ -88,6 +88,35 @@ TEST_P(HeadlessRunTest, BooksLedgerAndWaybillsForTheCheckedOrders) {
             std::vector<std::string>{"1234-5678-9013"}) << "a cleared 再度付番する numbers nothing";
 }
 
+// A runner that shows which object ran and counts the prints.
+class RecordingRunner : public PreviewRunner {
+ public:
+  bool Run(entry::Context&, std::string_view object) override {
+    ran = object;
+    return true;
+  }
+  int RecordCount() const override { return 1; }
+  bool Print() override { return ++prints, true; }
+  int Pages() const override { return 1; }
+  std::string ran;
+  int prints = 0;
+};
+
+TEST_P(HeadlessRunTest, PagesOfReport92AreTheRequestForMaterialAndBookNothing) {
+  testing::AddReport(Db(), {.no = 92, .name = "WELLNETコンペイ君"});
+  options.report = 92;
+  options.outputs.print = true;
+  options.outputs.print_pdf = (folder.Path() / "siryo.pdf").string();
+  RecordingRunner runner;
+  out.str("");
+  err.str("");
+  ASSERT_EQ(RunHeadless(options, out, err, &runner), 0) << err.str();
+  EXPECT_EQ(runner.ran, "rptWellNet");
+  EXPECT_EQ(runner.prints, 1);
+  EXPECT_EQ(Count(Db(), "FROM [PRINTED]"), 0);
+  EXPECT_FALSE(std::filesystem::exists(folder.Path() / "wellnet.csv")) << "the request run writes no file";
+}
+
 TEST_P(HeadlessRunTest, OnlyChecksTheNamedRowsAndPrintsTheTable) {
   options.quiet = false;
   options.report = 4;

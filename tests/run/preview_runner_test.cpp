@@ -34,8 +34,8 @@ class PreviewRunner : public ::testing::Test {
     connection_ = lupin::testing::FreshDatabase(db::Engine::Sqlite);
     ASSERT_NE(connection_, nullptr);
     entry::CreateSchema(*connection_);
-    entry::FillCatalogue(*connection_);
-    entry::FillDemoData(*connection_, {.orders = 6, .seed = 9});
+    demo::FillCatalogue(*connection_);
+    demo::FillDemoData(*connection_, {.orders = 6, .seed = 9});
     for (int id : {2, 3, 5, 6}) {
       connection_->Execute("INSERT INTO [WK_PRINT]([ID],[CLIENT_NAME]) VALUES(" + std::to_string(id) + ",'PC01')");
     }

@@ -135,7 +135,7 @@ TEST_P(PrintFormTest, PageReportStagesAndOpensThePreview) {
 class FakeWriter : public exchange::FileWriter {
  public:
   FakeWriter(exchange::FileResult result, std::string* path) : result_(std::move(result)), path_(path) {}
-  exchange::FileResult Write(entry::Context&, const common::Grid& grid, const std::filesystem::path& path) override {
+  exchange::FileResult Write(entry::Context&, entry::Ui&, const common::Grid& grid, const std::filesystem::path& path) override {
     *path_ = path.string() + "|" + std::to_string(grid.CheckedCount());
     return result_;
   }
