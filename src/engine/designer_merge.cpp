@@ -20,19 +20,21 @@ constexpr int kMaxBaseDepth = 8;
 }
 
 // {"name": "lblTel_", "count": 13, "left": 4451, "step": {"left": 260}} or with "lefts"/"tops"
-// lists: the run's controls, named prefix1 … prefixN.
+// lists: the run's controls, named prefix1 … prefixN, or from prefix0 with "first": 0.
 Json ExpandRun(std::string_view file, const Json& run) {
   const std::string prefix = run.value("name", std::string());
   const auto count = run["count"];
   if (!count.is_number_integer() || count.get<int>() < 1) Fail(file, prefix, "\"count\" は 1 以上の整数です");
+  const int first = run.value("first", 1);
   Json out = Json::array();
   for (int i = 0; i < count.get<int>(); ++i) {
     Json control = run;
     control.erase("count");
+    control.erase("first");
     control.erase("step");
     control.erase("lefts");
     control.erase("tops");
-    control["name"] = prefix + std::to_string(i + 1);
+    control["name"] = prefix + std::to_string(first + i);
     for (const char* axis : {"left", "top"}) {
       const std::string list = std::string(axis) + "s";
       if (run.contains(list)) {

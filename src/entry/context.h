@@ -17,6 +17,11 @@ struct LoginRecord {
   std::string client_name;         // CLIENT_NAME: the staging key of every work table
 };
 
+// What the selection form hands on to the report of its run.
+struct RunValues {
+  std::string shop;  // the shop chosen in cboShop_id; "" for all shops
+};
+
 struct Context {
   Context(db::Connection* connection_in, settings::StorePaths stores, std::filesystem::path home_in)
       : connection(connection_in), settings(std::move(stores)), home(std::move(home_in)) {}
@@ -30,6 +35,7 @@ struct Context {
   int dialect = 1;                       // ResouceMode
   float tax_rate = 0.05f;                // setting Tax
   ReportDefinition current;              // filled by LoadReportDefinition
+  RunValues run;                         // filled by the selection form's cmdSelect
 
   db::Connection& Db() const;            // throws DbError when no connection was handed over
   const std::string& ClientName() const { return login.client_name; }

@@ -4,12 +4,13 @@
 
 #include "common/sql.h"
 #include "common/vb.h"
+#include "entry/print_list_order.h"
 #include "reports/slips/den_no.h"
 
 namespace lupin::run {
 
 DenNoResult AssignDenNo(db::Connection& connection, std::string_view client_name, std::string_view start_number,
-                        bool re_den_no, int count) {
+                        bool re_den_no, int count, std::string_view list_sort) {
   DenNoResult result;
   if (start_number.empty()) return result;
   reports::DenNoSeries series;
@@ -30,7 +31,9 @@ DenNoResult AssignDenNo(db::Connection& connection, std::string_view client_name
     // The statement for "only orders without a number" was always put together with arithmetic
     // on its texts and failed before it ran, so numbering only ever happens with chkReDenNo on.
     if (!re_den_no) return give_up("型が一致しません。");
-    auto rs = connection.Open("SELECT [ID] FROM [WK_PRINT] WHERE [CLIENT_NAME] = '" + sql::SqlQuote(client_name) + "'");
+    auto rs = connection.Open("SELECT [WK_PRINT].[ID] FROM [WK_PRINT],[CHUMON] WHERE [WK_PRINT].[ID] = [CHUMON].[ID]"
+                              " AND [WK_PRINT].[CLIENT_NAME] = '" + sql::SqlQuote(client_name) + "'" +
+                              entry::OrderListOrder(list_sort));
     const auto& numbers = series.Series();
     for (std::size_t i = 0; !rs.Eof(); rs.MoveNext(), ++i) {
       if (i >= numbers.size()) return give_up("インデックスが有効範囲にありません。");

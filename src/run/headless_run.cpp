@@ -8,6 +8,7 @@
 
 #include "common/files.h"
 #include "common/grid.h"
+#include "engine/display.h"
 #include "entry/catalogue.h"
 #include "entry/context.h"
 #include "run/preview_form.h"
@@ -266,8 +267,9 @@ int Book(entry::Context& ctx, StreamUi& ui, const SelectForm& form, PreviewRunne
     const std::string why = runner.Message();
     if (!why.empty()) {
       ui.MessageBox(why, preview.caption, entry::kExclamation);
-      // Nothing is booked for pages that cannot be made.
-      if (outputs.print) return 1;
+      // Nothing is booked for pages that cannot be made: a report that failed while running, or
+      // any report when the pages were to go out.
+      if (outputs.print || why != engine::kNoReportMessage) return 1;
     }
     const int code = BookWithoutPages(ctx, ui, form, err);
     if (!outputs.print) return code;

@@ -10,7 +10,12 @@ engine::ReportRegistry ReportObjects() {
   static const engine::ReportRegistry objects = [] {
     engine::ReportRegistry registry;
     reports::RegisterPickingReports(registry);
-    reports::RegisterYamatoReports(registry);
+    const auto measurer = reports::SlipMeasurer();
+    reports::RegisterYamatoReports(registry, measurer);
+    reports::RegisterSagawaReports(registry, measurer);
+    reports::RegisterNittuReports(registry, measurer);
+    reports::RegisterYupakReports(registry, measurer);
+    reports::RegisterFukuyamaSeinoReports(registry, measurer);
     return registry;
   }();
   return objects;

@@ -415,6 +415,7 @@ SelectOutcome SelectForm::cmdSelect() {
     dedupe = 0;
   }
 
+  context_.run.shop = cboShop_id.list_index > 0 ? cboShop_id.Text() : "";
   selection = BuildSelection(*this, entry::ListSort(context_.settings));
   SQL = selection.sql;
   NoCarrierFilter = selection.no_carrier_filter;
