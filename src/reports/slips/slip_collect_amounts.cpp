@@ -20,7 +20,10 @@ std::string Yen(std::int64_t amount) { return vb::Format(static_cast<double>(amo
 void CollectAmounts::Start() {
   const vb::DateSerial date =
       money::GetTaxDate(context_.settings, field_("受注日"), field_("出荷予定日"), field_("出荷日"), field_("請求日"));
-  rate_percent_ = money::GetNormalTaxRate(context_, date) * vb::Currency::FromDouble(100);
+  auto rate = rates_.find(date);
+  if (rate == rates_.end())
+    rate = rates_.emplace(date, money::GetNormalTaxRate(context_, date) * vb::Currency::FromDouble(100)).first;
+  rate_percent_ = rate->second;
 
   // The order rows carry no tax kinds; they are the shop's.
   const std::string shop = field_("ショップID");

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "common/currency.h"
+#include "common/vb.h"
 #include "entry/context.h"
 
 namespace lupin::reports {
@@ -40,8 +41,9 @@ class CollectAmounts {
   Field field_;
   vb::Currency rate_percent_;
   ShopTaxKinds kinds_;
-  // SHOP does not change during a run.
+  // SHOP and TAX do not change during a run.
   std::map<std::string, ShopTaxKinds> shops_;
+  std::map<vb::DateSerial, vb::Currency> rates_;
 };
 
 }  // namespace lupin::reports
