@@ -24,7 +24,12 @@ engine::ReportRegistry ReportObjects() {
     reports::RegisterSalesSummaryReport(registry);
     reports::RegisterAddressLabelReports(registry);
     reports::RegisterPickingReports(registry);
-    reports::RegisterYamatoReports(registry);
+    const auto measurer = reports::SlipMeasurer();
+    reports::RegisterYamatoReports(registry, measurer);
+    reports::RegisterSagawaReports(registry, measurer);
+    reports::RegisterNittuReports(registry, measurer);
+    reports::RegisterYupakReports(registry, measurer);
+    reports::RegisterFukuyamaSeinoReports(registry, measurer);
     return registry;
   }();
   return objects;
