@@ -37,9 +37,13 @@ struct Recordset::NameIndex {
 Recordset::Recordset(std::vector<std::string> names, std::vector<std::vector<Value>> rows)
     : names_(std::move(names)), rows_(std::move(rows)) {}
 
-Recordset::Recordset(std::vector<std::string> names, std::shared_ptr<RowSource> source)
-    : names_(std::move(names)), source_(std::move(source)), exhausted_(false) {
-  Fill();
+Recordset Recordset::Streaming(std::vector<std::string> names, std::shared_ptr<RowSource> source) {
+  Recordset rs(std::move(names), std::vector<std::vector<Value>>{});
+  rs.source_ = std::move(source);
+  rs.exhausted_ = false;
+  rs.count_ = kBeforeFirst;
+  rs.Fill();
+  return rs;
 }
 
 void Recordset::Fill() {

@@ -31,7 +31,7 @@ class Recordset {
   Recordset() = default;
   Recordset(std::vector<std::string> names, std::vector<std::vector<Value>> rows);
   // A streamed result; the first row is fetched at once.
-  Recordset(std::vector<std::string> names, std::shared_ptr<RowSource> source);
+  static Recordset Streaming(std::vector<std::string> names, std::shared_ptr<RowSource> source);
 
   bool Eof() const {
     if (position_ == kBeforeFirst) return rows_.empty();

@@ -55,7 +55,9 @@ TEST_P(StreamedRecordset, ReadsToTheEndWhileOtherStatementsRun) {
   for (; !rs.Eof(); rs.MoveNext(), ++rows) {
     sum += static_cast<long>(rs["ID"].Long());
     // The report objects look up other tables per record.
-    if (rows % 100 == 0) EXPECT_EQ(Db().Open("SELECT COUNT(*) AS [N] FROM [T]")["N"].Long(), 500);
+    if (rows % 100 == 0) {
+      EXPECT_EQ(Db().Open("SELECT COUNT(*) AS [N] FROM [T]")["N"].Long(), 500);
+    }
   }
   EXPECT_EQ(rows, 400);
   EXPECT_EQ(sum, (101 + 500) * 400 / 2);

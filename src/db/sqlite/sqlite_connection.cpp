@@ -126,7 +126,7 @@ class SqliteConnection final : public Connection {
     const int columns = sqlite3_column_count(statement.get());
     for (int c = 0; c < columns; ++c) names.emplace_back(sqlite3_column_name(statement.get(), c));
     try {
-      return Recordset(std::move(names), std::make_shared<StatementRows>(db_, std::move(statement)));
+      return Recordset::Streaming(std::move(names), std::make_shared<StatementRows>(db_, std::move(statement)));
     } catch (const DbError& e) {
       Fail(e.what());
     }
