@@ -159,16 +159,11 @@ int ApplyCriteria(const RunOptions& o, SelectForm& f, std::ostream& err) {
     f.chkOption[4].value = (o.zip->first.empty() && o.zip->second.empty()) ? 0 : 1;
   }
   if (o.nendo) {
-    // The year names a column ([年度純売上額2024]): only digits may reach the statement.
-    const bool year = !o.nendo->empty() && o.nendo->size() <= 4 &&
-                      o.nendo->find_first_not_of("0123456789") == std::string::npos;
-    if (!year) {
-      err << "年度 " << *o.nendo << " は数字 4 桁で指定してください。\n";
-      return false;
+    // The year names a column ([年度純売上額2024]): only four digits may reach the statement.
+    if (NormalisedDate(*o.nendo + "/01/01").empty()) {
+      return Refuse(err, "--nendo の値 " + Quoted(*o.nendo) + " は年度ではありません。4 桁の西暦年 (例: 2026) で指定してください。");
     }
     if (!SelectByText(f.cboNendo, *o.nendo)) {
-      const std::string year = NormalisedDate(*o.nendo + "/01/01");
-      if (year.empty()) return Refuse(err, "--nendo の値 " + Quoted(*o.nendo) + " は年度ではありません。4 桁の西暦年 (例: 2026) で指定してください。");
       f.cboNendo.AddItem(*o.nendo, static_cast<std::int32_t>(std::stoi(*o.nendo)));
       f.cboNendo.list_index = f.cboNendo.ListCount() - 1;
     }
@@ -522,7 +517,8 @@ int RunHeadless(const RunOptions& o, std::ostream& out, std::ostream& err, Previ
     }
     return Preview(ctx, ui, form, *runner, progress, err);
   } catch (const std::exception& e) {
-    return Refuse(err, e.what(), kExitStopped);
+    // A statement the database refused: the database could not do what the run asked of it.
+    return Refuse(err, e.what(), kExitNotOpened);
   }
 }
 
