@@ -523,7 +523,8 @@ int RunHeadless(const RunOptions& o, std::ostream& out, std::ostream& err, Previ
     }
     return Preview(ctx, ui, form, *runner, progress, err);
   } catch (const std::exception& e) {
-    return Refuse(err, e.what(), kExitStopped);
+    // A statement the database refused: the database could not do what the run asked of it.
+    return Refuse(err, e.what(), kExitNotOpened);
   }
 }
 

@@ -34,7 +34,8 @@ const Criterion kCriteria[] = {
     {"shop", 4, [](RunOptions& o, const std::string& p) { o.shop = p; }},
     {"item", 4, [](RunOptions& o, const std::string& p) { o.item = Range{p, p}; }},
     {"client", 4, [](RunOptions& o, const std::string& p) { o.client_name = p; }},
-    {"denno", 18, [](RunOptions& o, const std::string& p) { o.denno = p, o.book = true; }},
+    // A start that is no waybill number is refused before anything is booked.
+    {"denno", 18, [](RunOptions& o, const std::string& p) { o.denno = p; }},
     {"tel", 23, [](RunOptions& o, const std::string& p) { o.tel = p; }},
     {"eda", 23, [](RunOptions& o, const std::string& p) { o.tel = "0312345678", o.eda = p; }},
     {"last-sale", 23, [](RunOptions& o, const std::string& p) { o.last_sale = Range{p, ""}; }},
@@ -87,9 +88,9 @@ TEST_P(InjectionTest, EveryCriterionKeepsHostileTextInsideItsLiteral) {
       criterion.set(options, payload);
       std::ostringstream out, err;
       const int code = RunHeadless(options, out, err);
-      // 0: listed (and staged); 1: the form refused the entry or found nothing. 2 is a broken statement.
+      // 0: listed (and staged); 1: the form refused the entry; 3: nothing found; 64: the option refused
+      // the value. 2 is a statement the database could not run.
       EXPECT_NE(code, 2) << criterion.name << " [" << payload << "]: " << err.str();
-      EXPECT_EQ(err.str().find("エラー"), std::string::npos) << criterion.name << " [" << payload << "]: " << err.str();
       // Waybill numbers are the one write a criterion leads to; put them back for the comparison.
       Db().Execute("UPDATE [CHUMON] SET [出荷伝票番号] = ''");
       Db().Execute("DELETE FROM [PRINTED]");
