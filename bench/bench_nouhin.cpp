@@ -31,8 +31,14 @@ namespace {
 
 using namespace lupin;
 
-constexpr int kNotes = 10000;
 constexpr int kReport = 0;
+
+// 10,000 unless LUPIN_BENCH_NOTES asks for another count (a quick look on a debug build).
+int Notes() {
+  const char* notes = std::getenv("LUPIN_BENCH_NOTES");
+  return notes != nullptr && std::atoi(notes) > 0 ? std::atoi(notes) : 10000;
+}
+const int kNotes = Notes();
 
 long ResidentKb() {
   std::ifstream statm("/proc/self/statm");
@@ -67,7 +73,10 @@ class SampledPdf : public engine::PageSink {
     pdf_.AddPage(page);
     if (++pages % 500 == 0) high_kb = std::max(high_kb, ResidentKb());
   }
-  void End() override { pdf_.End(); }
+  void End() override {
+    high_kb = std::max(high_kb, ResidentKb());
+    pdf_.End();
+  }
   long high_kb = 0;
   int pages = 0;
 

@@ -20,7 +20,6 @@ TEST(DesignerErrors, NameTheFileAndWhatIsWrong) {
        {"GH", "\"data_field\""}},
       {R"({"report": "rptBad", "sections": [{"name": "PH", "type": "PageHeader"}]})", {"Detail"}},
       {R"({"report": )", {"JSON"}},
-      {R"({"extends": "rptNowhere", "report": "rptBad"})", {"extends", "rptNowhere.json"}},
       {DETAIL_WITH(R"({"kind": "Label", "name": "lblA{n}", "count": 0})"), {"lblA{n}", "\"count\""}},
       {R"({"extends": "rptYamatoNew", "report": "rptBad", "sections": [{"name": "Detail", "remove": ["lblNone"]}]})",
        {"lblNone"}},

@@ -6,7 +6,7 @@
 #include "engine/measure.h"
 #include "layout/form_fill.h"
 #include "layout/format_apply.h"
-#include "reports/documents/picking.h"
+#include "reports/documents/list_text.h"
 #include "reports/documents/seikyu_work.h"
 
 namespace lupin::reports {
