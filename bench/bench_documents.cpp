@@ -16,7 +16,7 @@
 #include "engine/render_pdf.h"
 #include "entry/catalogue.h"
 #include "entry/context.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "reports/documents/sales_summary.h"
 #include "run/preview_runner_engine.h"
@@ -53,7 +53,7 @@ struct Database {
     std::filesystem::create_directories(folder / "settings");
     db = db::OpenConnection("sqlite:" + (folder / "bench.db").string());
     entry::CreateSchema(*db);
-    entry::FillCatalogue(*db);
+    demo::FillCatalogue(*db);
     context = std::make_unique<entry::Context>(db.get(), settings::StorePaths::InFolder(folder / "settings"), folder);
     context->login.client_name = "BENCH";
   }
@@ -87,9 +87,9 @@ Database& ShipmentData() {
   static bool filled = false;
   if (!filled) {
     filled = true;
-    entry::DemoOptions demo;
+    demo::DemoOptions demo;
     demo.orders = 200;  // shops, payment methods and people
-    entry::FillDemoData(*data.db, demo);
+    demo::FillDemoData(*data.db, demo);
     auto& db = *data.db;
     db.BeginTrans();
     for (int i = 0; i < kListOrders; ++i) {
@@ -136,10 +136,10 @@ Database& DemoData() {
   static bool filled = false;
   if (!filled) {
     filled = true;
-    entry::DemoOptions demo;
+    demo::DemoOptions demo;
     demo.orders = kLabelSheets * 12;
     demo.seed = 7;
-    entry::FillDemoData(*data.db, demo);
+    demo::FillDemoData(*data.db, demo);
   }
   return data;
 }

@@ -4,6 +4,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "engine/designer_merge.h"
 #include "engine/designer_table.h"
 
 namespace lupin::engine {
@@ -11,6 +12,14 @@ namespace lupin::engine {
 namespace {
 
 using Json = nlohmann::json;
+
+std::string_view DesignerText(std::string_view report_name) {
+  const std::string file_name = std::string(report_name) + ".json";
+  for (std::size_t i = 0; i < kDesignerSourceCount; ++i) {
+    if (kDesignerSources[i].file_name == file_name) return kDesignerSources[i].text;
+  }
+  throw DesignerError(fmt::format("{}: デザイナーが組み込まれていません", file_name));
+}
 
 class Reader {
  public:
@@ -180,6 +189,7 @@ class Reader {
     } catch (const Json::parse_error& error) {
       Fail("JSON", error.what());
     }
+    root = ResolveDesigner(file_, std::move(root), [](std::string_view report_name) { return DesignerText(report_name); });
     OnlyKeys(root, "report", {"report", "title", "printer", "margins", "print_width", "fields", "sections"});
     ReportLayout layout;
     layout.name = Text(root, "report", "report");
@@ -231,11 +241,7 @@ ReportLayout ParseDesigner(std::string_view file_name, std::string_view json_tex
 }
 
 ReportLayout LoadDesigner(std::string_view report_name) {
-  const std::string file_name = std::string(report_name) + ".json";
-  for (std::size_t i = 0; i < kDesignerSourceCount; ++i) {
-    if (kDesignerSources[i].file_name == file_name) return ParseDesigner(file_name, kDesignerSources[i].text);
-  }
-  throw DesignerError(fmt::format("{}: デザイナーが組み込まれていません", file_name));
+  return ParseDesigner(std::string(report_name) + ".json", DesignerText(report_name));
 }
 
 std::vector<std::string> DesignerNames() {
