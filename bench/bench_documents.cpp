@@ -14,6 +14,7 @@
 #include "db/connection.h"
 #include "engine/display.h"
 #include "engine/render_pdf.h"
+#include "entry/catalogue.h"
 #include "entry/context.h"
 #include "demo/demo_data.h"
 #include "entry/schema.h"
