@@ -20,7 +20,7 @@
 #include "engine/render_pdf.h"
 #include "entry/catalogue.h"
 #include "entry/context.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "entry/ui.h"
 #include "reports/slips/slip_registration.h"
@@ -75,11 +75,11 @@ struct Fixture {
     std::filesystem::create_directories(folder / "settings");
     db = db::OpenConnection("sqlite:" + (folder / "bench.db").string());
     entry::CreateSchema(*db);
-    entry::FillCatalogue(*db);
-    entry::DemoOptions demo;
+    demo::FillCatalogue(*db);
+    demo::DemoOptions demo;
     demo.orders = kSlips;
     demo.seed = 11;
-    entry::FillDemoData(*db, demo);
+    demo::FillDemoData(*db, demo);
     // Every demo order goes by Yamato, so the print list keeps them all.
     db->Execute("UPDATE [CHUMON] SET [宅配業者] = 'ヤマト運輸'");
     context = std::make_unique<entry::Context>(db.get(), settings::StorePaths::InFolder(folder / "settings"), folder);

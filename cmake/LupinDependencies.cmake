@@ -13,3 +13,5 @@ find_package(Cups REQUIRED)
 if(LUPIN_BENCH)
   find_package(benchmark REQUIRED)
 endif()
+# The desktop: widgets, the local socket of the list windows, and Qt Test for driving the windows.
+find_package(Qt6 REQUIRED COMPONENTS Widgets Network Test)

@@ -154,7 +154,7 @@ class Reader {
     if (name.empty()) Fail("sections", "名前のないセクションがあります");
     const std::string where = fmt::format("セクション {}", name);
     OnlyKeys(object, where, {"name", "type", "height", "visible", "new_page", "data_field", "columns",
-                             "column_direction", "column_spacing", "controls"});
+                             "column_direction", "column_spacing", "header", "controls"});
     const std::string type_name = Text(object, "type", where);
     SectionType type;
     if (!SectionTypeFromName(type_name, type)) Fail(where, fmt::format("不明なセクションの種類 \"{}\"", type_name));
@@ -164,6 +164,9 @@ class Reader {
     section.PageBreak =
         static_cast<NewPage>(Choice(object, "new_page", where, {"none", "before", "after", "before_after"}, 0));
     section.DataField = Text(object, "data_field", where);
+    section.HeaderName = Text(object, "header", where);
+    if (!section.HeaderName.empty() && type != SectionType::GroupFooter)
+      Fail(where, "\"header\" はグループフッターだけが持ちます");
     if (type == SectionType::GroupHeader && section.DataField.empty())
       Fail(where, "グループヘッダーに \"data_field\" がありません");
     section.ColumnCount = Number<int>(object, "columns", where, 1);

@@ -19,8 +19,15 @@ constexpr int kMaxBaseDepth = 8;
   throw DesignerError(fmt::format("{}: {}: {}", file, where, what));
 }
 
+std::string Numbered(std::string text, const std::string& number) {
+  for (auto at = text.find("{n}"); at != std::string::npos; at = text.find("{n}", at + number.size()))
+    text.replace(at, 3, number);
+  return text;
+}
+
 // {"name": "lblTel_", "count": 13, "left": 4451, "step": {"left": 260}} or with "lefts"/"tops"
-// lists: the run's controls, named prefix1 … prefixN, or from prefix0 with "first": 0.
+// lists: the run's controls, named prefix1 … prefixN. A name with "{n}" takes the number there
+// instead, as do "{n}" in the caption and the data field; "first" starts the numbers elsewhere than 1.
 Json ExpandRun(std::string_view file, const Json& run) {
   const std::string prefix = run.value("name", std::string());
   const auto count = run["count"];
@@ -30,11 +37,15 @@ Json ExpandRun(std::string_view file, const Json& run) {
   for (int i = 0; i < count.get<int>(); ++i) {
     Json control = run;
     control.erase("count");
-    control.erase("first");
     control.erase("step");
     control.erase("lefts");
     control.erase("tops");
-    control["name"] = prefix + std::to_string(first + i);
+    control.erase("first");
+    const std::string number = std::to_string(first + i);
+    control["name"] = prefix.find("{n}") == std::string::npos ? prefix + number : Numbered(prefix, number);
+    for (const char* key : {"caption", "data_field"}) {
+      if (control.contains(key) && control[key].is_string()) control[key] = Numbered(control[key].get<std::string>(), number);
+    }
     for (const char* axis : {"left", "top"}) {
       const std::string list = std::string(axis) + "s";
       if (run.contains(list)) {

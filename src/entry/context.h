@@ -7,6 +7,7 @@
 #include "common/settings.h"
 #include "db/connection.h"
 #include "entry/report_definition.h"
+#include "entry/run_values.h"
 
 namespace lupin::entry {
 

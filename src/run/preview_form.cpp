@@ -8,14 +8,6 @@
 
 namespace lupin::run {
 
-bool StagedRowsRunner::Run(entry::Context& context, std::string_view object_name) {
-  (void)object_name;
-  auto rs = context.Db().Open("SELECT COUNT(*) AS CNT FROM [WK_PRINT] WHERE [CLIENT_NAME] = '" +
-                              sql::SqlQuote(context.ClientName()) + "'");
-  count_ = rs.Eof() ? 0 : static_cast<int>(rs["CNT"].Long());
-  return true;
-}
-
 PreviewForm::PreviewForm(entry::Context& context, entry::Ui& ui, const SelectForm& select, PreviewRunner& runner,
                          bool siryo)
     : context_(context), ui_(ui), select_(select), runner_(runner), siryo_(siryo) {}

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <optional>
 
+#include "catalogue/calibration.h"
 #include "engine/display.h"
 #include "engine/json_dump.h"
 #include "engine/render_pdf.h"
@@ -31,6 +32,21 @@ struct PdfOutput {
 
 double TwipsToMm(std::int32_t twips) { return twips / 56.7; }
 
+// The page images of an earlier, longer run would read as pages of this one.
+void RemoveLaterPageImages(const std::filesystem::path& folder, int pages) {
+  std::error_code error;
+  for (std::filesystem::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+    const std::string name = it->path().filename().string();
+    if (name.size() != 13 || !name.starts_with("page-") || !name.ends_with(".png")) continue;
+    const std::string digits = name.substr(5, 4);
+    if (digits.find_first_not_of("0123456789") != std::string::npos) continue;
+    if (std::stoi(digits) > pages) {
+      std::error_code ignored;
+      std::filesystem::remove(it->path(), ignored);
+    }
+  }
+}
+
 }  // namespace
 
 EnginePreviewRunner::EnginePreviewRunner(engine::ReportRegistry registry, PreviewOutputs outputs,
@@ -40,6 +56,7 @@ EnginePreviewRunner::EnginePreviewRunner(engine::ReportRegistry registry, Previe
 bool EnginePreviewRunner::Run(entry::Context& context, std::string_view object_name) {
   message_.clear();
   kept_.reset();
+  written_.clear();
   pages_ = 0;
   record_count_ = 0;
   auto report = registry_.Create(object_name, context);
@@ -48,6 +65,8 @@ bool EnginePreviewRunner::Run(entry::Context& context, std::string_view object_n
     return false;
   }
   engine::ApplyReportSettings(*report, context.current, object_name == kSiryoObject);
+  home_ = context.home;
+  report_no_ = context.current.report_no;
   printer_ = report->Printer;
   title_ = report->DocumentTitle;
 
@@ -69,6 +88,7 @@ bool EnginePreviewRunner::Run(entry::Context& context, std::string_view object_n
       fan.Add(dump->sink);
     }
     if (kept) fan.Add(*kept);
+    if (viewer_ != nullptr) fan.Add(*viewer_);
     result = report->Run(fan);
   } catch (const std::exception& e) {
     // A renderer that cannot even start ends the preview; nothing was written.
@@ -89,6 +109,12 @@ bool EnginePreviewRunner::Run(entry::Context& context, std::string_view object_n
   if ((pdf && !pdf->file.Commit(message_)) || (dump && !dump->file.Commit(message_))) return false;
 
   pages_ = fan.Pages();
+  if (pdf) written_.push_back(outputs_.pdf);
+  if (png) {
+    RemoveLaterPageImages(outputs_.png_dir, pages_);
+    for (const std::string& file : png->Files()) written_.push_back(file);
+  }
+  if (dump) written_.push_back(outputs_.dump);
   const auto& recordset = report->DataControl1.Recordset;
   record_count_ = recordset ? static_cast<int>(recordset->RecordCount()) : 0;
   kept_ = std::move(kept);
@@ -110,10 +136,21 @@ engine::PrintJob EnginePreviewRunner::Job(const std::string& pdf_path) const {
   return job;
 }
 
-bool EnginePreviewRunner::RenderKept(const PendingFile& file) {
+std::string EnginePreviewRunner::PrintQueue() const {
+  if (!outputs_.printer.empty()) return outputs_.printer;
+  if (!printer_.DeviceName.empty()) return printer_.DeviceName;
+  for (const auto& printer : engine::ListPrinters()) {
+    if (printer.is_default) return printer.name;
+  }
+  return {};
+}
+
+bool EnginePreviewRunner::RenderKept(const PendingFile& file, const std::string& queue) {
   try {
     engine::PdfRenderer renderer(file.TempPath().string());
-    kept_->Replay(renderer);
+    // Every page sent to a printer moves by that printer's calibration for the report.
+    catalogue::OffsetSink calibrated(renderer, catalogue::CalibrationStore(home_).Get(queue, report_no_));
+    kept_->Replay(calibrated);
     return true;
   } catch (const std::exception& e) {
     message_ = "ファイル '" + file.Target().string() + "' を書き込めません (" + e.what() + ")";
@@ -123,22 +160,26 @@ bool EnginePreviewRunner::RenderKept(const PendingFile& file) {
 
 bool EnginePreviewRunner::Print() {
   last_print_ = {};
-  if (!outputs_.print) return true;
   message_.clear();
+  if (!outputs_.print) {
+    message_ = "印刷先が指定されていません。";
+    return false;
+  }
   if (!kept_) {
     message_ = "印刷するページがありません。";
     return false;
   }
   if (!outputs_.print_pdf.empty()) {
     PendingFile file(outputs_.print_pdf);
-    if (!RenderKept(file) || !file.Commit(message_)) return false;
+    if (!RenderKept(file, "") || !file.Commit(message_)) return false;
+    written_.push_back(outputs_.print_pdf);
     last_print_.ok = true;
     last_print_.printer = outputs_.print_pdf;
     return true;
   }
   // The job is copied to the server when it is submitted; the local file is not needed after.
   PendingFile spool(std::filesystem::temp_directory_path() / "lupinprint-job.pdf");
-  if (!RenderKept(spool)) return false;
+  if (!RenderKept(spool, PrintQueue())) return false;
   last_print_ = engine::SubmitPdf(Job(spool.TempPath().string()));
   if (!last_print_.ok) message_ = last_print_.message;
   return last_print_.ok;

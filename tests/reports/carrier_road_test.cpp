@@ -10,7 +10,7 @@
 
 #include "common/settings.h"
 #include "engine/json_dump.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "run/headless_run.h"
 #include "run/preview_runner_engine.h"
 #include "slip_fixture.h"
@@ -87,7 +87,7 @@ class CarrierRoad : public SlipDb {
 
   void SetUp() override {
     SlipDb::SetUp();
-    entry::FillCatalogue(Db());
+    demo::FillCatalogue(Db());
     settings::Settings settings(settings::StorePaths::InFolder(home_ / "settings"));
     // Date literals between quotes, which both engines read.
     settings.SaveSetting(0, "0", "ResouceMode");

@@ -10,7 +10,7 @@
 #include <sstream>
 
 #include "db/connection.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/ui.h"
 #include "run/headless_run.h"
 #include "run/preview_form.h"
@@ -28,7 +28,7 @@ class YamatoRoad : public SlipDb {
  protected:
   void SetUp() override {
     SlipDb::SetUp();
-    entry::FillCatalogue(Db());
+    demo::FillCatalogue(Db());
     for (const int id : kYamatoIds) {
       SlipOrder order;
       order.id = id;

@@ -1,0 +1,38 @@
+#include "desktop/window_size.h"
+
+#include <array>
+#include <string>
+#include <utility>
+
+#include "common/settings.h"
+#include "common/vb.h"
+
+namespace lupin::desktop {
+
+namespace {
+constexpr std::string_view kSection = "WindowSize";
+}
+
+std::filesystem::path WindowSizeFile(const std::filesystem::path& component_directory, std::string_view form_name) {
+  return component_directory / (std::string(form_name) + ".INI");
+}
+
+std::optional<Rect> ReadWindowSize(const std::filesystem::path& file) {
+  auto read = [&](std::string_view key) {
+    const std::string text = settings::ReadProfileString(file, kSection, key, "");
+    return text.empty() ? std::optional<int>() : std::optional<int>(static_cast<int>(vb::Val(text)));
+  };
+  const auto left = read("Left"), top = read("Top"), width = read("Width"), height = read("Height");
+  if (!left || !top || !width || !height || *width <= 0 || *height <= 0) return std::nullopt;
+  return Rect{*left, *top, *width, *height};
+}
+
+bool SaveWindowSize(const std::filesystem::path& file, const Rect& rect) {
+  const std::string left = std::to_string(rect.left), top = std::to_string(rect.top),
+                    width = std::to_string(rect.width), height = std::to_string(rect.height);
+  const std::array<std::pair<std::string_view, std::string_view>, 4> entries{
+      {{"Left", left}, {"Top", top}, {"Width", width}, {"Height", height}}};
+  return settings::WriteProfileStrings(file, kSection, entries);
+}
+
+}  // namespace lupin::desktop
