@@ -414,7 +414,6 @@ SelectOutcome SelectForm::cmdSelect() {
     dedupe = 0;
   }
 
-  context_.run.shop = cboShop_id.list_index > 0 ? cboShop_id.Text() : "";
   selection = BuildSelection(*this, entry::ListSort(context_.settings));
   SQL = selection.sql;
   context_.run = entry::RunValues{start_position, dedupe != 0, selection.item_list, selection.sales_summary,
