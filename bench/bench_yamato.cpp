@@ -84,8 +84,9 @@ struct Fixture {
     db->Execute("UPDATE [CHUMON] SET [宅配業者] = 'ヤマト運輸'");
     context = std::make_unique<entry::Context>(db.get(), settings::StorePaths::InFolder(folder / "settings"), folder);
     context->login.client_name = "BENCH";
-    // Date literals between quotes: the tax-rate lookups of the collect forms run on SQLite.
-    context->dialect = 0;
+    // Date literals between quotes: the tax-rate lookups of the collect forms run on SQLite. The
+    // selection form reads the dialect from the settings when it loads.
+    context->settings.SaveSetting(0, "0", "ResouceMode");
     reports::RegisterSlipReports(registry);
   }
   ~Fixture() {

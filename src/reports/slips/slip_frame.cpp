@@ -247,18 +247,11 @@ void SlipFrame::FillSenderName(const SlipParty& sender, bool orderer) {
   }
   // A long name takes both lines; whatever would need a third joins the second.
   const std::string broken = BreakName(name, sender.name);
-  std::vector<std::string> lines;
-  for (std::size_t start = 0; start <= broken.size();) {
-    const std::size_t end = broken.find(kCrLf, start);
-    lines.push_back(broken.substr(start, end == std::string::npos ? std::string::npos : end - start));
-    if (end == std::string::npos) break;
-    start = end + 2;
-  }
-  if (broken.empty()) lines.clear();
-  upper.Caption = lines.size() >= 2 ? lines[0] : "";
-  std::string lower;
-  for (std::size_t i = lines.size() >= 2 ? 1 : 0; i < lines.size(); ++i) lower += lines[i];
-  name.Caption = lower;
+  const std::size_t first_break = broken.find(kCrLf);
+  upper.Caption = first_break == std::string::npos ? "" : broken.substr(0, first_break);
+  std::string lower = first_break == std::string::npos ? broken : broken.substr(first_break + 2);
+  for (std::size_t at = lower.find(kCrLf); at != std::string::npos; at = lower.find(kCrLf, at)) lower.erase(at, 2);
+  name.Caption = std::move(lower);
 }
 
 void SlipFrame::FillPostcode(const PostcodeSpec& spec, std::string_view postcode) {
