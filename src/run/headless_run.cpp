@@ -167,8 +167,8 @@ int ApplyCriteria(const RunOptions& o, SelectForm& f, std::ostream& err) {
       return false;
     }
     if (!SelectByText(f.cboNendo, *o.nendo)) {
-      const std::string year = NormalisedDate(*o.nendo + "/01/01");
-      if (year.empty()) return Refuse(err, "--nendo の値 " + Quoted(*o.nendo) + " は年度ではありません。4 桁の西暦年 (例: 2026) で指定してください。");
+      const std::string first_day = NormalisedDate(*o.nendo + "/01/01");
+      if (first_day.empty()) return Refuse(err, "--nendo の値 " + Quoted(*o.nendo) + " は年度ではありません。4 桁の西暦年 (例: 2026) で指定してください。");
       f.cboNendo.AddItem(*o.nendo, static_cast<std::int32_t>(std::stoi(*o.nendo)));
       f.cboNendo.list_index = f.cboNendo.ListCount() - 1;
     }
