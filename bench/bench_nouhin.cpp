@@ -20,7 +20,7 @@
 #include "engine/display.h"
 #include "engine/render_pdf.h"
 #include "entry/context.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "entry/ui.h"
 #include "reports/documents/nouhin.h"
@@ -101,11 +101,11 @@ struct Fixture {
       db->Execute("SET search_path = " + schema);
     }
     entry::CreateSchema(*db);
-    entry::FillCatalogue(*db);
-    entry::DemoOptions demo;
+    demo::FillCatalogue(*db);
+    demo::DemoOptions demo;
     demo.orders = kNotes;
     demo.seed = 11;
-    entry::FillDemoData(*db, demo);
+    demo::FillDemoData(*db, demo);
     context = std::make_unique<entry::Context>(db.get(), settings::StorePaths::InFolder(folder / "settings"), folder);
     context->login.client_name = "BENCH";
     reports::RegisterNouhinReports(registry);

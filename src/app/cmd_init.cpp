@@ -118,6 +118,7 @@ void RunInit(const InitArgs& args) {
   char elapsed[32];
   std::snprintf(elapsed, sizeof elapsed, "%.1f", seconds);
   std::cout << "所要時間: " << elapsed << " 秒\n";
+  if (args.db_url.starts_with("sqlite:")) std::cerr << "出力しました: " << args.db_url.substr(7) << '\n';
   WriteDialect(args);
 }
 

@@ -23,7 +23,8 @@ struct StorePaths {
 };
 
 // Windows profile semantics: case-insensitive sections and keys, values up to 1,024 characters,
-// writing one key keeps the rest of the file. Files are read and written as UTF-8.
+// writing one key keeps the rest of the file. A file is read as UTF-8 when it is valid UTF-8 (with
+// or without BOM) and as CP932 otherwise, and written back in the encoding it was read in.
 std::string ReadProfileString(const std::filesystem::path& file, std::string_view section,
                               std::string_view key, std::string_view default_value);
 // Writes atomically (temporary file, then rename). Returns false when the file cannot be written.

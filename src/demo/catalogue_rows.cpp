@@ -6,6 +6,7 @@
 #include "entry/catalogue.h"
 #include "demo/demo_data.h"
 #include "demo/insert_batch.h"
+#include "demo/masters.h"
 #include "entry/schema.h"
 
 namespace lupin::demo {
@@ -111,11 +112,15 @@ void DescribeReport(SqlRow& row, const CatalogueEntry& e) {
     SetText(row, "FLD_LBL2", "加入者名");
     SetText(row, "FLD_TXT2", "株式会社ルパン堂");
   }
-  // Margins are tenths of a millimetre: 10 mm around an A4 page, none on a preprinted slip.
-  for (const char* margin : {"MARGIN_LEFT", "MARGIN_TOP", "MARGIN_RIGHT", "MARGIN_BOTTOM"}) {
-    SetInt(row, margin, slip ? 0 : 100);
-  }
-  SetInt(row, "Orientation", 1);
+  // Margins are tenths of a millimetre: 10 mm around an A4 page, none on a preprinted slip; the
+  // label sheet's own edges (two columns of six labels of 97 x 42.3 mm) on the label reports.
+  const bool labels = no == 22 || no == 23;
+  SetInt(row, "MARGIN_LEFT", slip ? 0 : labels ? 45 : 100);
+  SetInt(row, "MARGIN_RIGHT", slip ? 0 : labels ? 45 : 100);
+  SetInt(row, "MARGIN_TOP", slip ? 0 : labels ? 214 : 100);
+  SetInt(row, "MARGIN_BOTTOM", slip ? 0 : labels ? 214 : 100);
+  // The order lists are laid out across an A4 sheet.
+  SetInt(row, "Orientation", e.object == "rptList" ? 2 : 1);
   SetInt(row, "PAPER_TYPE", slip ? 1 : 0);
   SetInt(row, "PAPER_SIZE", slip ? 256 : 9);  // user-defined slip form, else A4
   SetInt(row, "PAPER_BIN", 0);
@@ -149,6 +154,8 @@ int FillReports(db::Connection& connection) {
   return static_cast<int>(batch.RowsWritten());
 }
 
+}  // namespace
+
 int FillTax(db::Connection& connection) {
   auto count = connection.Open("SELECT COUNT(*) AS CNT FROM [TAX]");
   if (!count.Eof() && count["CNT"].Long() > 0) return 0;
@@ -173,8 +180,6 @@ int FillTax(db::Connection& connection) {
   batch.Flush();
   return static_cast<int>(batch.RowsWritten());
 }
-
-}  // namespace
 
 CatalogueSummary FillCatalogue(db::Connection& connection) {
   db::Transaction transaction(connection);

@@ -58,6 +58,7 @@ DemoSummary FillDemoData(db::Connection& connection, const DemoOptions& options)
     if (IsEmpty(connection, "PAYMENT")) summary.payments = demo::FillPayments(connection);
     if (IsEmpty(connection, "ITEM")) summary.items = demo::FillItems(connection, random);
     if (IsEmpty(connection, "TANTO")) summary.staff = demo::FillStaff(connection);
+    demo::FillTax(connection);
     transaction.Commit();
   }
 

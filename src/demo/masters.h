@@ -58,5 +58,7 @@ int FillShops(db::Connection& connection);
 int FillPayments(db::Connection& connection);
 int FillItems(db::Connection& connection, Random& random);
 int FillStaff(db::Connection& connection);
+// The tax generations of a fresh installation, when TAX holds none; the orders are priced by them.
+int FillTax(db::Connection& connection);
 
 }  // namespace lupin::demo

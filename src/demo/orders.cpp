@@ -7,7 +7,10 @@
 #include "demo/calendar.h"
 #include "demo/masters.h"
 #include "demo/insert_batch.h"
+#include "demo/tax_rates.h"
 #include "demo/words.h"
+#include "money/order_tax.h"
+#include "money/tax_date.h"
 
 namespace lupin::demo {
 namespace {
@@ -19,16 +22,6 @@ constexpr int kOldRateUntil = DaysFromCivil(2019, 12, 31);
 constexpr int kPrefectureCount = static_cast<int>(std::size(kPrefectures));
 
 int NormalRate(int day) { return day >= kRate10From ? 10 : day >= kRate8From ? 8 : 5; }
-
-// The shop's rounding of a tax amount: 0 half up, 1 cut, 2 up from a tenth.
-std::int64_t RoundTax(std::int64_t amount, int rate, int kind) {
-  const std::int64_t hundredths = amount * rate;
-  switch (kind) {
-    case 1: return hundredths / 100;
-    case 2: return (hundredths + 90) / 100;
-    default: return (hundredths + 50) / 100;
-  }
-}
 
 template <typename T, std::size_t N>
 const T& PickWeighted(Random& r, const T (&items)[N]) {
@@ -136,7 +129,8 @@ struct OrderWriter::Impl {
         oc(order_row),
         lc(line_row),
         orders(c, *entry::FindTable("CHUMON"), 25),
-        lines(c, *entry::FindTable("CHUMON_D"), 100) {
+        lines(c, *entry::FindTable("CHUMON_D"), 100),
+        tax_rates(c) {
     for (std::size_t i = 0; i < customers.size(); ++i) {
       if (customers[i].kbn != 2) returning.push_back(static_cast<int>(i));
     }
@@ -154,6 +148,7 @@ struct OrderWriter::Impl {
   LineColumns lc;
   InsertBatch orders;
   InsertBatch lines;
+  TaxRatesByDate tax_rates;
 };
 
 std::vector<Line> OrderWriter::Impl::MakeLines(int day, const ShopWord& shop) {
@@ -243,32 +238,48 @@ void OrderWriter::Impl::Add(int id, int day, int first_time) {
   }
   if (paid_day > kToday) paid_day = -1;
 
-  // Money.
+  // The bill date: the shipment, or the order for a transfer paid in advance.
+  const int bill_day = shipped ? ship_day : payment->method == "銀行振込" ? day : -1;
+
+  // Money, priced by the tax service's own rule at the rates of the order's tax date.
   std::int64_t goods = 0;
-  std::int64_t excluded_by_rate[11] = {};
   std::int64_t reduced_goods = 0;
+  std::vector<money::OrderTaxLine> tax_lines;
   for (const auto& line : order_lines) {
     goods += line.amount;
-    if (!line.included) excluded_by_rate[line.rate] += line.amount;
     if (line.reduced == 1) reduced_goods += line.amount;
+    tax_lines.push_back({line.amount, static_cast<std::int16_t>(line.reduced), line.included ? 2.0 : 1.0});
   }
   const bool remote = who.prefecture == 0 || who.prefecture == kPrefectureCount - 1;
   static constexpr int kPostage[] = {550, 660, 770, 880};
   const int postage = goods >= 10000 ? 0 : remote ? 1320 : r.Pick(kPostage);
   const int fee = shop.id == "SHOP04" ? 0 : payment->fee;
   const int normal = NormalRate(day);
-  if (shop.shipping_taxkbn == 0) excluded_by_rate[normal] += postage;
-  if (shop.handling_taxkbn == 0) excluded_by_rate[normal] += fee;
-  std::int64_t tax = 0;
-  for (int rate = 0; rate <= 10; ++rate) {
-    if (excluded_by_rate[rate] != 0) tax += RoundTax(excluded_by_rate[rate], rate, shop.tax_calkbn);
-  }
   std::int64_t points = 0, points8 = 0;
   if (goods > 1000 && r.Percent(15)) {
     points = std::min<std::int64_t>(r.Between(1, 15) * 100, goods / 2);
     points8 = goods > 0 ? points * reduced_goods / goods : 0;
   }
-  const std::int64_t billed = goods + postage + fee + tax - points;
+  const money::OrderCharges charges{postage,
+                                    fee,
+                                    static_cast<std::int32_t>(points8),
+                                    static_cast<std::int32_t>(points - points8),
+                                    static_cast<std::int16_t>(shop.includes_declared),
+                                    static_cast<std::int16_t>(shop.shipping_taxkbn),
+                                    static_cast<std::int16_t>(shop.handling_taxkbn),
+                                    static_cast<std::int16_t>(shop.tax_calkbn)};
+  // TaxCheckDate 0, the setting's default: the latest of the order's dates decides the rates.
+  const vb::DateSerial tax_date = money::PickTaxDate(0, DateText(day), DateText(planned),
+                                                     shipped ? DateText(ship_day) : "",
+                                                     bill_day >= 0 ? DateText(bill_day) : "");
+  const money::OrderTax priced = money::CalcOrderTax(charges, tax_lines, tax_rates.On(tax_date));
+  // The stored tax is the sum over the rates, as the tax service reports it; the bill is what the
+  // slots add up to: goods, postage and fee with their tax, less the points.
+  std::int64_t tax = 0, billed = 0;
+  for (std::size_t slot = 0; slot < 3; ++slot) {
+    tax += priced.zeikin[slot];
+    billed += priced.komikin[slot];
+  }
 
   // The row.
   const auto& c = oc;
@@ -277,13 +288,7 @@ void OrderWriter::Impl::Add(int id, int day, int first_time) {
   o.Text(c.channel, shop.channel.empty() ? r.Pick(kOrderChannels) : shop.channel);
   o.Text(c.ship_day, shipped ? DateText(ship_day) : "");
   o.Text(c.planned_day, DateText(planned));
-  if (shipped) {
-    o.Text(c.bill_day, DateText(ship_day));
-  } else if (payment->method == "銀行振込") {
-    o.Text(c.bill_day, DateText(day));
-  } else {
-    o.Text(c.bill_day, "");
-  }
+  o.Text(c.bill_day, bill_day >= 0 ? DateText(bill_day) : "");
   // Unpaid and unassigned are NULL in some rows and empty in others, as in real data.
   if (paid_day >= 0) {
     o.Text(c.paid_day, DateText(paid_day));

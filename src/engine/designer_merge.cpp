@@ -134,6 +134,8 @@ Json Resolve(std::string_view file, Json root, const DesignerLookup& lookup, int
     base = Json::parse(lookup(base_name));
   } catch (const Json::parse_error& error) {
     Fail(file, "extends", fmt::format("{}: {}", base_name, error.what()));
+  } catch (const DesignerError&) {
+    Fail(file, "extends", fmt::format("基のデザイナー {} が組み込まれていません", base_name));
   }
   base = Resolve(base_name + ".json", std::move(base), lookup, depth + 1);
   root.erase("extends");

@@ -45,7 +45,8 @@ struct ShapedText {
 // Shapes with one context and one layout for its whole life; not shared between threads.
 class TextShaper {
  public:
-  explicit TextShaper(std::size_t cache_limit = 20000);
+  // Captions and shop names stay warm; a season's names and addresses pass through.
+  explicit TextShaper(std::size_t cache_limit = 4096);
   ~TextShaper();
   TextShaper(const TextShaper&) = delete;
   TextShaper& operator=(const TextShaper&) = delete;

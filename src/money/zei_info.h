@@ -8,6 +8,7 @@
 #include "common/currency.h"
 #include "common/vb.h"
 #include "db/connection.h"
+#include "money/order_tax.h"
 
 namespace lupin::money {
 
@@ -36,6 +37,7 @@ class clsZeiInfo {
   vb::Currency NormalRate() const;     // first row of kind 0, else 0
   vb::Currency ReducedRate() const;    // first row of kind 1, else 0
   vb::Currency OldNormalRate() const;  // OLDRATE of the first row of kind 0, else 0
+  TaxRates Rates() const { return {NormalRate(), ReducedRate(), OldNormalRate(), IsExistReduced()}; }
 
  private:
   int FindKind(std::int16_t kind) const;  // index of the first row of that kind, or -1

@@ -4,13 +4,14 @@
 
 #include "common/sql.h"
 #include "common/vb.h"
+#include "entry/print_list_order.h"
 #include "reports/slips/den_no.h"
 #include "run/conflict_retry.h"
 
 namespace lupin::run {
 
 DenNoResult AssignDenNo(db::Connection& connection, std::string_view client_name, std::string_view start_number,
-                        bool re_den_no, int count) {
+                        bool re_den_no, int count, std::string_view list_sort) {
   DenNoResult result;
   if (start_number.empty()) return result;
   reports::DenNoSeries series;
@@ -39,7 +40,10 @@ DenNoResult AssignDenNo(db::Connection& connection, std::string_view client_name
   try {
     result.numbered = RetryOnConflict([&] {
       db::Transaction transaction(connection);
-      auto rs = connection.Open("SELECT [ID] FROM [WK_PRINT] WHERE [CLIENT_NAME] = '" + sql::SqlQuote(client_name) + "'");
+      // The print list's order, which the slips follow too: slip k carries number k.
+      auto rs = connection.Open("SELECT [WK_PRINT].[ID] FROM [WK_PRINT],[CHUMON] WHERE [WK_PRINT].[ID] = [CHUMON].[ID]"
+                                " AND [WK_PRINT].[CLIENT_NAME] = '" + sql::SqlQuote(client_name) + "'" +
+                                entry::OrderListOrder(list_sort));
       const auto& numbers = series.Series();
       int numbered = 0;
       for (std::size_t i = 0; !rs.Eof(); rs.MoveNext(), ++i) {

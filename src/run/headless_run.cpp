@@ -1,6 +1,5 @@
 #include "run/headless_run.h"
 
-#include <pwd.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -14,10 +13,12 @@
 #include "common/sql.h"
 #include "entry/catalogue.h"
 #include "entry/context.h"
+#include "entry/lupns6pt.h"
 #include "run/carrier_filter.h"
 #include "run/file_report_dispatch.h"
 #include "run/headless_run_output.h"
 #include "run/output_targets.h"
+#include "entry/schema.h"
 #include "run/preview_form.h"
 #include "run/print_form.h"
 #include "run/select_form.h"
@@ -159,16 +160,16 @@ int ApplyCriteria(const RunOptions& o, SelectForm& f, std::ostream& err) {
     f.chkOption[4].value = (o.zip->first.empty() && o.zip->second.empty()) ? 0 : 1;
   }
   if (o.nendo) {
-    // The year names a column ([年度純売上額2024]): only digits may reach the statement.
-    const bool year = !o.nendo->empty() && o.nendo->size() <= 4 &&
-                      o.nendo->find_first_not_of("0123456789") == std::string::npos;
-    if (!year) {
-      err << "年度 " << *o.nendo << " は数字 4 桁で指定してください。\n";
-      return false;
+    // The year names a column ([年度純売上額2024]): only a year the table has may reach the statement.
+    const bool digits = !o.nendo->empty() && o.nendo->size() <= 4 &&
+                        o.nendo->find_first_not_of("0123456789") == std::string::npos;
+    const int year = digits ? std::stoi(*o.nendo) : 0;
+    if (year < entry::kFirstSalesYear || year > entry::kLastSalesYear) {
+      return Refuse(err, "--nendo の値 " + Quoted(*o.nendo) + " の年間売上はありません。" +
+                             std::to_string(entry::kFirstSalesYear) + "～" + std::to_string(entry::kLastSalesYear) +
+                             " の西暦年で指定してください。");
     }
     if (!SelectByText(f.cboNendo, *o.nendo)) {
-      const std::string first_day = NormalisedDate(*o.nendo + "/01/01");
-      if (first_day.empty()) return Refuse(err, "--nendo の値 " + Quoted(*o.nendo) + " は年度ではありません。4 桁の西暦年 (例: 2026) で指定してください。");
       f.cboNendo.AddItem(*o.nendo, static_cast<std::int32_t>(std::stoi(*o.nendo)));
       f.cboNendo.list_index = f.cboNendo.ListCount() - 1;
     }
@@ -369,14 +370,7 @@ int RequestForMaterial(entry::Context& ctx, StreamUi& ui, const SelectForm& form
 }  // namespace
 
 std::filesystem::path DefaultComponentHome() {
-  const auto folder = [](std::filesystem::path data) { return data / "Veltrona" / "LupinOrder6"; };
-  if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data == '/') return folder(data);
-  const char* home = std::getenv("HOME");
-  if (home == nullptr || *home == '\0') {
-    const passwd* entry = ::getpwuid(::getuid());
-    home = entry ? entry->pw_dir : "/";
-  }
-  return folder(std::filesystem::path(home) / ".local" / "share");
+  return entry::DefaultComponentDirectory(settings::StorePaths::Default());
 }
 
 std::string MissingSqliteDatabase(std::string_view url) {

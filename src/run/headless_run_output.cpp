@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cmath>
 #include <ostream>
 
 #include "common/text.h"
@@ -52,6 +53,9 @@ nlohmann::ordered_json Cell(const common::Grid& grid, int row, const ColumnKey& 
       return column.col == 1 ? grid.Checked(row) : (!text.empty() && text != "0" && text != "False");
     case Kind::Number:
       if (text.empty()) return nullptr;
+      if (const double value = grid.Value(row, column.col); value == std::floor(value) && std::fabs(value) < 1e15) {
+        return static_cast<long long>(value);  // whole yen and numbers print without a fraction
+      }
       return grid.Value(row, column.col);
     case Kind::Text:
       break;
@@ -75,7 +79,7 @@ std::vector<std::pair<std::string, std::string>> AppliedCriteria(const SelectFor
     if (f.chkChumonOption[1].Checked()) applied.emplace_back("ID", Span(f.txtId[0].text, f.txtId[1].text));
     if (f.chkChumonOption[2].Checked() && f.cboPayment.list_index > 0) applied.emplace_back("支払方法", f.cboPayment.Text());
     if (f.cboShop_id.list_index > 0) applied.emplace_back("ショップ", f.cboShop_id.Text());
-    if (f.chkChumonOption[3].Checked()) applied.emplace_back("未印字のみ", "帳票 " + std::to_string(entry::LedgerReportNo(current.report_no)) + " の印刷台帳にない受注");
+    if (f.chkChumonOption[3].Checked()) applied.emplace_back("未印字のみ", "(帳票 " + std::to_string(entry::LedgerReportNo(current.report_no)) + " の印刷台帳にない受注)");
     const auto words = CarrierWords(current.report_no);
     if (f.NoCarrierFilter == 1 && !words.empty()) {
       std::string list;

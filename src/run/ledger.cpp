@@ -132,7 +132,7 @@ LedgerResult WritePreviewLedger(db::Connection& connection, std::string_view cli
                                 bool dedupe, std::string_view date) {
   LedgerResult result;
   const std::int32_t number = entry::LedgerReportNo(report_no);
-  if (number == 35 || (number >= 44 && number <= 46)) return result;
+  if (entry::IsDirectReport(number)) return result;
   const LedgerStatements ledger(number, date, false);
   try {
     result.rows = RetryOnConflict([&] {

@@ -3,6 +3,7 @@
 #include "catalogue/load_report_definition.h"
 #include "common/sql.h"
 #include "entry/catalogue.h"
+#include "entry/print_list_order.h"
 #include "run/select_form.h"
 
 namespace lupin::run {
@@ -38,7 +39,7 @@ bool PreviewForm::cmdPrint() {
     if (!last_ledger.ok) ui_.MessageBox(last_ledger.error, caption, entry::kInformation);
     if (entry::IsWaybillReport(report_no)) {
       last_den_no = AssignDenNo(context_.Db(), context_.ClientName(), select_.txtDenNo.text,
-                                select_.chkReDenNo.Checked(), runner_.RecordCount());
+                                select_.chkReDenNo.Checked(), runner_.RecordCount(), entry::ListSort(context_.settings));
     }
   }
   return runner_.Print();

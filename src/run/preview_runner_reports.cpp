@@ -1,3 +1,5 @@
+#include "reports/documents/address_label.h"
+#include "reports/documents/item_list.h"
 #include "reports/documents/nouhin.h"
 #include "reports/documents/order_list.h"
 #include "reports/documents/picking.h"
@@ -15,12 +17,19 @@ engine::ReportRegistry ReportObjects() {
   static const engine::ReportRegistry objects = [] {
     engine::ReportRegistry registry;
     reports::RegisterNouhinReports(registry);
-    reports::RegisterPickingReports(registry);
-    reports::RegisterOrderListReport(registry);
-    reports::RegisterSalesSummaryReport(registry);
     reports::RegisterSeikyuReports(registry);
     reports::RegisterYubinFurikaeReport(registry);
-    reports::RegisterYamatoReports(registry);
+    reports::RegisterOrderListReport(registry);
+    reports::RegisterItemListReport(registry);
+    reports::RegisterSalesSummaryReport(registry);
+    reports::RegisterAddressLabelReports(registry);
+    reports::RegisterPickingReports(registry);
+    const auto measurer = reports::SlipMeasurer();
+    reports::RegisterYamatoReports(registry, measurer);
+    reports::RegisterSagawaReports(registry, measurer);
+    reports::RegisterNittuReports(registry, measurer);
+    reports::RegisterYupakReports(registry, measurer);
+    reports::RegisterFukuyamaSeinoReports(registry, measurer);
     return registry;
   }();
   return objects;

@@ -54,7 +54,7 @@ PrintForm::PrintForm(entry::Context& context, entry::Ui& ui, const SelectForm& s
 
 void PrintForm::Message(std::string_view text, int style) { ui_.MessageBox(text, kPrintCaption, style); }
 
-bool PrintForm::CustomerReport() const { return entry::IsCustomerReport(context_.current.other_tbl_name); }
+bool PrintForm::CustomerReport() const { return entry::ListsCustomers(context_.current.other_tbl_name); }
 common::Grid& PrintForm::VisibleGrid() { return CustomerReport() ? sprCustomer : sprList; }
 const common::Grid& PrintForm::VisibleGrid() const { return CustomerReport() ? sprCustomer : sprList; }
 

@@ -141,12 +141,12 @@ Selection BuildSelection(const SelectForm& form, std::string_view list_sort) {
   const auto& def = form.Context().current;
   if (def.report_no == 35) {
     result.item_list = ItemListOf(form);
-  } else if (def.report_no >= 44 && def.report_no <= 46) {
+  } else if (entry::IsSalesSummaryReport(def.report_no)) {
     result.sales_summary = SalesSummaryOf(form);
-  } else if (def.other_tbl_name.empty()) {
-    result.sql = OrderStatement(form, list_sort, result.no_carrier_filter);
-  } else {
+  } else if (entry::ListsCustomers(def.other_tbl_name)) {
     result.sql = CustomerStatement(form);
+  } else {
+    result.sql = OrderStatement(form, list_sort, result.no_carrier_filter);
   }
   return result;
 }

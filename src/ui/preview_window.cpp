@@ -83,6 +83,7 @@ PreviewWindow::PreviewWindow(DesktopSession& session, bool siryo, QWidget* paren
   toolbar->setToolButtonStyle(Qt::ToolButtonTextOnly);
   auto tool = [this](const char* name, const char* caption, int id) {
     QAction* action = toolbar->addAction(caption);
+    action->setIconText(caption);  // a tool button would drop the "..." of "印刷..."
     action->setObjectName(name);
     action->setData(id);
     connect(action, &QAction::triggered, this, [this, id] { ToolClick(id); });

@@ -125,7 +125,10 @@ SelectWindow::SelectWindow(DesktopSession& session, run::SelectForm& model)
   Listen();
 }
 
-SelectWindow::~SelectWindow() = default;
+SelectWindow::~SelectWindow() {
+  // A box losing the focus while the window goes would otherwise run its rule on a dead form.
+  for (QObject* child : findChildren<QObject*>()) child->blockSignals(true);
+}
 
 void SelectWindow::BuildMenus() {
   QMenu* file = menuBar()->addMenu("ﾌｧｲﾙ(&F)");

@@ -5,7 +5,7 @@
 #   crash_kill.sh LUPINPRINT [TRIALS_PER_ENGINE]     (CRASH_TRIALS overrides; CI keeps it short)
 set -euo pipefail
 lupinprint=$1
-trials=${CRASH_TRIALS:-${2:-60}}
+trials=${CRASH_TRIALS:-${2:-100}}
 work=$(mktemp -d)
 schema="crash_$$"
 export XDG_CONFIG_HOME="$work/xdg" LUPIN_MACHINE_INI="$work/xdg/machine.ini"
@@ -21,7 +21,7 @@ setup() {  # engine
   engine=$1 trial=setup
   if [ "$engine" = sqlite ]; then
     url="sqlite:$work/crash.db"
-    q() { sqlite3 "$work/crash.db" "$1"; }
+    q() { sqlite3 -cmd ".timeout 10000" "$work/crash.db" "$1"; }
   else
     [ -n "${LUPIN_TEST_PG_URL:-}" ] || fail "LUPIN_TEST_PG_URL is not set"
     psql -q "$LUPIN_TEST_PG_URL" -c "CREATE SCHEMA $schema" >/dev/null
@@ -48,18 +48,19 @@ staged() { q "SELECT ID FROM WK_PRINT WHERE CLIENT_NAME = 'CRASH' ORDER BY ID" |
 export_cnt() { q "SELECT COALESCE(SUM(CNT), 0) FROM PRINTED WHERE REPORT_NO = 91"; }
 checksum() { [ -f "$1" ] && md5sum <"$1" | cut -d' ' -f1 || echo none; }
 
+# Each runs lupinprint in place of the shell that calls it, so a kill reaches lupinprint itself.
 print_run() {  # ids denno
-  "$lupinprint" run --db "$url" --login "担当,1,CRASH" --report 25 --settings "$work/settings" --home "$home" \
+  exec "$lupinprint" run --db "$url" --login "担当,1,CRASH" --report 25 --settings "$work/settings" --home "$home" \
     --clear-criteria --only "$1" --denno "$2" --book --pdf "$home/slips.pdf" --quiet
 }
 export_run() {  # ids
-  "$lupinprint" run --db "$url" --login "担当,1,CRASH" --report 104 --settings "$work/settings" --home "$home" \
+  exec "$lupinprint" run --db "$url" --login "担当,1,CRASH" --report 104 --settings "$work/settings" --home "$home" \
     --set "EHidenPath=$home/ehiden.csv" --clear-criteria --only "$1" --quiet
 }
 
 # Runs the command in the background and kills it after a random 0 to max_ms milliseconds.
 kill_after_random() {
-  "$@" >/dev/null 2>&1 &
+  ("$@") >/dev/null 2>&1 &
   local pid=$!
   sleep "$(printf '0.%03d' $((RANDOM % max_ms)))"
   kill -9 "$pid" 2>/dev/null || true
@@ -101,16 +102,16 @@ for engine in sqlite postgres; do
   setup "$engine"
   # A run that is not killed, to learn how long one takes: kills then land across its whole length.
   start=$(date +%s%N)
-  print_run "${yamato[0]}" 100000000000 >/dev/null 2>&1 || fail "first run"
+  (print_run "${yamato[0]}" 100000000000) >/dev/null 2>&1 || fail "first run"
   max_ms=$(( ($(date +%s%N) - start) / 1000000 + 50 ))
   ((max_ms < 1000)) || max_ms=999
   for ((trial = 1; trial <= trials; trial++)); do
     if ((RANDOM % 2)); then trial_print; else trial_export; fi
     if ((trial % 20 == 0)); then
       ids=$(pick sagawa)
-      export_run "$ids" >/dev/null 2>&1 || fail "an export after kills failed"
+      (export_run "$ids") >/dev/null 2>&1 || fail "an export after kills failed"
       complete_csv "$home/ehiden.csv" || fail "export after kills"
-      print_run "$(pick yamato)" 200000000000 >/dev/null 2>&1 || fail "a print after kills failed"
+      (print_run "$(pick yamato)" 200000000000) >/dev/null 2>&1 || fail "a print after kills failed"
     fi
   done
   echo "$engine: $trials kills (runs of up to ${max_ms} ms), all consistent"

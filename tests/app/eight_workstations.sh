@@ -39,12 +39,14 @@ workstation() {  # w
   local w=$1 client="WS0$1" r ids expect denno prefix numbers exported
   local home="$work/$client" log="$work/$client.log"
   mkdir -p "$home"
+  # Each workstation has its own user settings, as each has its own login on its own machine.
+  cp -r "$work/settings" "$home/settings"
   printf '雑貨類\r\n' >"$home/hinmei.txt"
   for ((r = 0; r < rounds; r++)); do
     ids=$(pick yamato "$w" "$r")
     prefix=$(printf '%d%02d' "$w" "$r")
     denno="${prefix}000000000"
-    "$lupinprint" run --db "$url" --login "担当,1,$client" --report 25 --settings "$work/settings" \
+    "$lupinprint" run --db "$url" --login "担当,1,$client" --report 25 --settings "$home/settings" \
       --home "$home" --clear-criteria --only "$ids" --denno "$denno" --book --quiet >"$home/run.log" 2>&1 ||
       { cat "$home/run.log" >>"$log"; echo "print round $r of $client failed" >>"$log"; return 1; }
     cat "$home/run.log" >>"$log"
@@ -56,7 +58,7 @@ workstation() {  # w
     [ "$numbers" = 0 ] || { echo "round $r of $client gave one number twice" >>"$log"; return 1; }
 
     exported=$(pick sagawa "$w" "$r")
-    "$lupinprint" run --db "$url" --login "担当,1,$client" --report 104 --settings "$work/settings" \
+    "$lupinprint" run --db "$url" --login "担当,1,$client" --report 104 --settings "$home/settings" \
       --home "$home" --set "EHidenPath=$home/ehiden.csv" --clear-criteria --only "$exported" --quiet >>"$log" 2>&1 ||
       { echo "export round $r of $client failed" >>"$log"; return 1; }
     [ "$(wc -l <"$home/ehiden.csv")" = 7 ] || { echo "round $r of $client: e-飛伝 file incomplete" >>"$log"; return 1; }

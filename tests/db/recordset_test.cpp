@@ -34,7 +34,7 @@ TEST(RecordsetNavigation, MovesLikeAKeysetCursor) {
       EXPECT_THROW((void)rs["ID"], DbError) << c.moves;
     }
   }
-  Recordset empty({"ID"}, {});
+  Recordset empty({"ID"}, std::vector<std::vector<Value>>{});
   empty.MoveNext();
   EXPECT_TRUE(empty.Eof() && empty.Bof());
 }

@@ -22,6 +22,9 @@ TEST(DesignerErrors, NameTheFileAndWhatIsWrong) {
       {R"({"report": )", {"JSON"}},
       {R"({"extends": "rptNowhere", "report": "rptBad"})", {"extends", "rptNowhere.json"}},
       {DETAIL_WITH(R"({"kind": "Label", "name": "lblA{n}", "count": 0})"), {"lblA{n}", "\"count\""}},
+      {R"({"extends": "rptYamatoNew", "report": "rptBad", "sections": [{"name": "Detail", "remove": ["lblNone"]}]})",
+       {"lblNone"}},
+      {DETAIL_WITH(R"({"kind": "Label", "name": "lblRun_", "count": 3, "lefts": [1, 2]})"), {"lblRun_", "\"lefts\""}},
   };
   for (const auto& [json, parts] : cases) {
     try {
@@ -79,6 +82,37 @@ TEST(DesignerLoad, AVariantListsOnlyWhatDiffersFromItsBase) {
   const Control* mark = invoice.Controls().Item("lblPageNo");
   EXPECT_EQ(mark->Height, 240) << "a named control changes";
   EXPECT_EQ(mark->Width, plain.Controls().Item("lblPageNo")->Width) << "and keeps the rest";
+}
+
+// A variant lists what differs from its base; a numbered run stands for its controls.
+TEST(DesignerLoad, VariantsAndNumberedRuns) {
+  const ReportLayout layout = ParseDesigner("rptVariant.json", R"({"extends": "rptYamatoNew", "report": "rptVariant",
+    "printer": {"orientation": 2},
+    "sections": [{"name": "Detail", "height": 5000, "remove": ["lblMemo1"], "controls": [
+      {"name": "lblTEL", "width": 100, "font": {"size": 9}},
+      {"kind": "Label", "name": "lblRun_", "count": 3, "first": 0, "left": 10, "step": {"left": 5}, "top": 7}]}]})");
+  EXPECT_EQ(layout.name, "rptVariant");
+  EXPECT_EQ(layout.title, "ﾔﾏﾄ宅配伝票");
+  EXPECT_EQ(layout.printer.Orientation, 2);
+  EXPECT_EQ(layout.printer.PaperSize, 256);
+  const Section& detail = layout.sections.at(0);
+  EXPECT_EQ(detail.Height, 5000);
+  EXPECT_EQ(detail.Controls().Item("lblMemo1"), nullptr);
+  const Control& tel = *detail.Controls().Item("lblTEL");
+  EXPECT_EQ(tel.Width, 100);
+  EXPECT_EQ(tel.Left, 360) << "what the variant does not name stays";
+  EXPECT_EQ(tel.Font.size, 9);
+  EXPECT_EQ(tel.Font.name, "ＭＳ Ｐ明朝");
+  // The base's own runs: positions from a list.
+  EXPECT_EQ(detail.Controls().Item("lblYubin_3")->Left, 1065);
+  EXPECT_EQ(detail.Controls().Item("shpDelivery6")->Top, 2400);
+  for (int i = 0; i < 3; ++i) {
+    const Control* run = detail.Controls().Item("lblRun_" + std::to_string(i));
+    ASSERT_NE(run, nullptr) << i;
+    EXPECT_EQ(run->Left, 10 + 5 * i);
+    EXPECT_EQ(run->Top, 7);
+  }
+  EXPECT_EQ(detail.Controls().Item("lblRun_3"), nullptr);
 }
 
 TEST(DesignerLoad, EveryCompiledInDesignerLoads) {

@@ -73,6 +73,8 @@ TEST(ConvertKanjiNumerals, TurnsNumeralsBeforeAddressWordsIntoDigits) {
       // 千 of 千代田 is a numeral too, but 田 ends the run.
       {"RunStopsAtAWord", "千代田一丁目", "千代田1丁目"},
       {"LoneZeroSignIsNoNumeral", "〇号", "〇号"},
+      {"ZeroSignsCountOnlyBehindANumeral", "町〇〇号", "町〇〇号"},
+      {"FormalDigitByDigit", "弐〇参号", "203号"},
       // A word as the first character has nothing before it; the search moves past it.
       {"WordAtTheVeryStart", "丁目三番", "丁目3番"},
   };

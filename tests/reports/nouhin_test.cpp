@@ -45,6 +45,7 @@ std::vector<GoldenCase> Cases() {
   included.tax_included = true;
   included.points = 500;
   included.lines[1].tax_kbn = 1;
+  included.lines[2].name = "特選 宇治抹茶 缶入り 100g ギフト箱入り 熨斗対応";  // above 75 bytes: two points smaller
   DocOrder no_charges = Order(1202, Lines(2));
   no_charges.postage = 0;
   no_charges.fee = 0;

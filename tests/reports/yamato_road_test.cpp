@@ -17,17 +17,17 @@
 #include "run/preview_runner_engine.h"
 #include "run/print_form.h"
 #include "run/select_form.h"
-#include "yamato_fixture.h"
+#include "slip_fixture.h"
 
 namespace lupin::reports::testing {
 namespace {
 
 constexpr int kYamatoIds[] = {3001, 3002, 3003};
 
-class YamatoRoad : public YamatoDb {
+class YamatoRoad : public SlipDb {
  protected:
   void SetUp() override {
-    YamatoDb::SetUp();
+    SlipDb::SetUp();
     demo::FillCatalogue(Db());
     for (const int id : kYamatoIds) {
       SlipOrder order;

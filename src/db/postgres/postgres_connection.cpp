@@ -51,7 +51,7 @@ class PostgresConnection final : public Connection {
   ~PostgresConnection() override { PQfinish(conn_); }
 
   long Execute(std::string_view sql) override {
-    std::string text = BracketsToDoubleQuotes(sql);
+    std::string text = EngineSqlText(sql, true);
     if (in_transaction_ && IsDeferrable(text)) {
       if (!failure_.empty()) ThrowFailure();
       if (batch_.Add(text)) Flush();
@@ -61,11 +61,11 @@ class PostgresConnection final : public Connection {
   }
 
   long ExecuteNow(std::string_view sql) override {
-    return Affected(Run(BracketsToDoubleQuotes(sql)).get());
+    return Affected(Run(EngineSqlText(sql, true)).get());
   }
 
   Recordset Open(std::string_view sql) override {
-    Result result = Run(BracketsToDoubleQuotes(sql));
+    Result result = Run(EngineSqlText(sql, true));
     PGresult* r = result.get();
     const int columns = PQnfields(r);
     const int count = PQntuples(r);

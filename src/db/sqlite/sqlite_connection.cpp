@@ -8,6 +8,8 @@
 #include <unordered_set>
 #include <vector>
 
+#include "db/identifier_quotes.h"
+
 namespace lupin::db {
 namespace {
 
@@ -169,6 +171,11 @@ class SqliteConnection final : public Connection {
   // Runs every statement of the text; the rows and names are those of the last one.
   void Run(std::string_view sql, std::vector<std::string>* names = nullptr,
            std::vector<std::vector<Value>>* rows = nullptr) {
+    if (HasDateHash(sql)) {
+      // Dialect 1 writes dates as #YYYY/MM/DD#, which SQLite reads only in quotes.
+      const std::string text = EngineSqlText(sql, false);
+      if (text != sql) return Run(text, names, rows);
+    }
     if (auto found = cache_.find(sql); found != cache_.end()) {
       Step(found->second, names, rows);
       return;

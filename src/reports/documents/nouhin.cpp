@@ -1,5 +1,7 @@
 #include "reports/documents/nouhin.h"
 
+#include <vector>
+
 #include "common/sql.h"
 #include "common/text.h"
 #include "common/vb.h"
@@ -201,7 +203,7 @@ void NouhinReport::Detail_Format() {
   DetailControl("lblHandling2").Caption = Amount(FieldText("決済手数料"));
   DetailControl("lblHandling3").Caption = DetailControl("lblHandling2").Caption;
 
-  Totals(no_tax);
+  Totals();
   TaxBox(no_tax);
   layout::CopyCaption(detail, "fldSIHARAI", {"lblShiharai2", "lblShiharai3"});
   Gift(atena != 0 && !FieldText("贈答先氏名_U").empty());
@@ -224,9 +226,9 @@ void NouhinReport::PageMark(const std::string& id, int ord) {
       else if (!marks["商品ID6"].Text().empty()) forms = 2;
     }
     marks.Close();
-    found = page_marks_.emplace(id, std::make_pair(forms, 0)).first;
+    found = page_marks_.emplace(id, forms).first;
   }
-  const int forms = found->second.first;
+  const int forms = found->second;
   std::string mark;
   is_last_form_ = true;
   if (forms > 0) {
@@ -308,8 +310,7 @@ std::string NouhinReport::Unit(const std::string& item, const std::string& shop)
   return unit;
 }
 
-void NouhinReport::Totals(bool no_tax) {
-  (void)no_tax;
+void NouhinReport::Totals() {
   const char* totals[] = {"lblGOK_GAKU1", "lblGOK_GAKU2", "lblGOK_GAKU3"};
   if (!is_last_form_) {
     for (const char* name : totals) DetailControl(name).Caption.clear();

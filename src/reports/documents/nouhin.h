@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -60,7 +59,7 @@ class NouhinReport : public layout::ReportFrame {
   void CompanyBlock(const char* upper, const char* lower, std::string company, std::string department);
   void Address(const char* control, std::string_view address);
   void Lines(int ord);
-  void Totals(bool no_tax);
+  void Totals();
   void TaxBox(bool no_tax);
   void Gift(bool addressed_to_recipient);
   void ZeroLines();
@@ -84,7 +83,7 @@ class NouhinReport : public layout::ReportFrame {
 
   // Lookups whose answer cannot change within a run, kept per key.
   layout::ShopAtena atena_;
-  std::map<std::string, std::pair<int, int>> page_marks_;  // order → (forms, 0)
+  std::map<std::string, int> page_marks_;  // order → its forms, 0 for one form without a mark
   std::map<std::pair<std::string, std::string>, std::string> units_;
   std::map<vb::DateSerial, bool> reduced_by_date_;
   std::string flags_id_, summary_id_;

@@ -5,7 +5,7 @@
 
 namespace lupin::reports {
 
-std::function<engine::TextMeasurer&()> SlipMeasurer(std::shared_ptr<engine::TextMeasurer> given) {
+MeasurerSource SlipMeasurer(std::shared_ptr<engine::TextMeasurer> given) {
   auto shared = std::make_shared<std::shared_ptr<engine::TextMeasurer>>(std::move(given));
   return [shared]() -> engine::TextMeasurer& {
     if (!*shared) *shared = std::make_shared<engine::PangoTextMeasurer>();
@@ -13,8 +13,7 @@ std::function<engine::TextMeasurer&()> SlipMeasurer(std::shared_ptr<engine::Text
   };
 }
 
-void RegisterYamatoReports(engine::ReportRegistry& registry, std::shared_ptr<engine::TextMeasurer> measurer) {
-  const auto measurer_of = SlipMeasurer(std::move(measurer));
+void RegisterYamatoReports(engine::ReportRegistry& registry, MeasurerSource measurer_of) {
   for (const bool collect : {false, true}) {
     const std::string designer = collect ? "rptYamato_ColectNew" : "rptYamatoNew";
     // Each designer instance kept its own shop members.
@@ -26,7 +25,12 @@ void RegisterYamatoReports(engine::ReportRegistry& registry, std::shared_ptr<eng
 }
 
 void RegisterSlipReports(engine::ReportRegistry& registry, std::shared_ptr<engine::TextMeasurer> measurer) {
-  RegisterYamatoReports(registry, measurer);
+  const MeasurerSource source = SlipMeasurer(std::move(measurer));
+  RegisterYamatoReports(registry, source);
+  RegisterSagawaReports(registry, source);
+  RegisterNittuReports(registry, source);
+  RegisterYupakReports(registry, source);
+  RegisterFukuyamaSeinoReports(registry, source);
 }
 
 }  // namespace lupin::reports

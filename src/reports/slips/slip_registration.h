@@ -11,10 +11,15 @@ namespace lupin::reports {
 
 // The measurer given, or the renderers' own made when the first slip needs it (not when the
 // program starts).
-std::function<engine::TextMeasurer&()> SlipMeasurer(std::shared_ptr<engine::TextMeasurer> given);
+using MeasurerSource = std::function<engine::TextMeasurer&()>;
+MeasurerSource SlipMeasurer(std::shared_ptr<engine::TextMeasurer> given = nullptr);
 
-void RegisterYamatoReports(engine::ReportRegistry& registry, std::shared_ptr<engine::TextMeasurer> measurer = nullptr);
-// Every carrier family above.
+void RegisterYamatoReports(engine::ReportRegistry& registry, MeasurerSource measurer_of = SlipMeasurer());
+void RegisterSagawaReports(engine::ReportRegistry& registry, MeasurerSource measurer_of = SlipMeasurer());
+void RegisterNittuReports(engine::ReportRegistry& registry, MeasurerSource measurer_of = SlipMeasurer());
+void RegisterYupakReports(engine::ReportRegistry& registry, MeasurerSource measurer_of = SlipMeasurer());
+void RegisterFukuyamaSeinoReports(engine::ReportRegistry& registry, MeasurerSource measurer_of = SlipMeasurer());
+// Every carrier family above, sharing one measurer.
 void RegisterSlipReports(engine::ReportRegistry& registry, std::shared_ptr<engine::TextMeasurer> measurer = nullptr);
 
 }  // namespace lupin::reports

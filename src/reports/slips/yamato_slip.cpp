@@ -1,5 +1,6 @@
 #include "reports/slips/yamato_slip.h"
 
+#include "common/sql.h"
 #include "entry/print_list_order.h"
 
 namespace lupin::reports {
@@ -56,6 +57,31 @@ std::string YamatoSlip::Query() const {
   sql += "FROM [CHUMON], [WK_PRINT] ";
   sql += "WHERE [CHUMON].[ID] = [WK_PRINT].[ID]";
   return sql + WorkstationRestriction() + entry::OrderListOrder(entry::ListSort(context_.settings));
+}
+
+void YamatoSlip::InitialiseCarrierExtras() {
+  if (!CustomerMode() || context_.current.paper_type != 0 || !shop_->Empty()) return;
+  // Nothing is printed or booked for slips whose sender boxes would stay blank.
+  if (!FindSenderShop()) throw engine::ReportFault(engine::kFaultGeneral, kNoSenderShopMessage);
+}
+
+bool YamatoSlip::FindSenderShop() {
+  std::string shop = context_.run.shop;
+  if (shop.empty()) {
+    db::Recordset shops = context_.Db().Open("SELECT [SHOP_ID] FROM [SHOP]");
+    if (shops.Eof()) return false;
+    shop = shops["SHOP_ID"].Text();
+    shops.MoveNext();
+    if (!shops.Eof()) return false;
+  }
+  // The shop's name and address live in its orders; the newest order has them as they are now.
+  db::Recordset order = context_.Db().Open(
+      "SELECT [ショップ名],[ショップ郵便番号],[ショップ住所],[ショップ電話番号] FROM [CHUMON] WHERE [ショップID] = '" +
+      sql::SqlQuote(shop) + "' ORDER BY [ID] DESC");
+  if (order.Eof()) return false;
+  *shop_ = {order["ショップ名"].Text(), order["ショップ郵便番号"].Text(), order["ショップ住所"].Text(),
+            order["ショップ電話番号"].Text()};
+  return !shop_->Empty();
 }
 
 void YamatoSlip::FillCarrierExtras(const SlipParties& parties) {

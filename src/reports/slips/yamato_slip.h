@@ -23,11 +23,20 @@ class YamatoSlip : public SlipFrame {
   bool CustomerMode() const override;
 
  protected:
+  void InitialiseCarrierExtras() override;
   void FillCarrierExtras(const SlipParties& parties) override;
 
  private:
+  // The shop that sends customer slips when no order run of this process has named one.
+  bool FindSenderShop();
+
   bool collect_;
 };
+
+// Why a customer slip on plain paper cannot be printed: no order run named the sending shop and
+// none was chosen.
+inline constexpr const char* kNoSenderShopMessage =
+    "差出人のショップが決まりません。ショップを選んでください (コマンドラインでは --shop)。";
 
 // rptYamatoNew and rptYamato_ColectNew.
 SlipSpec YamatoSpec(const std::string& designer);

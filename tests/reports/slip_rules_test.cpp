@@ -1,5 +1,6 @@
-// The pure rules of the Yamato slip: time-of-day rings for the forms operators type, the item
-// column, postcode boxes, the report field split, the date box and the shop's addressee flag.
+// The pure rules of the slips: the 13 telephone boxes, account and amount boxes, and on the Yamato
+// slip the time-of-day rings for the forms operators type, the item column, postcode boxes, the
+// report field split, the date box and the shop's addressee flag.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,7 +11,9 @@
 #include "common/text.h"
 #include "reports/slips/slip_item_block.h"
 #include "reports/slips/yamato_text.h"
+#include "reports/slips/slip_boxes.h"
 #include "reports/slips/yamato_slip.h"
+#include "reports/slips/yupak_slip.h"
 
 namespace lupin::reports {
 namespace {
@@ -128,6 +131,55 @@ TEST(YamatoText, DeliveryDateAndAtena) {
 
   const std::pair<const char*, int> flags[] = {{"", 0}, {"255", 255}, {"256", 0}, {"-1", 0}, {"2.5", 2}, {"3.5", 4}};
   for (const auto& [stored, byte] : flags) EXPECT_EQ(AtenaByte(stored), byte) << stored;
+}
+
+}  // namespace
+}  // namespace lupin::reports
+
+namespace lupin::reports {
+namespace {
+
+TEST(SlipBoxes, TelephoneLayouts) {
+  const struct {
+    const char* tel;
+    const char* boxes;  // one character a box, '.' for an empty one
+  } cases[] = {
+      {"03-1234-5678", "03...12345678"},
+      // The exchange number is right-aligned so the subscriber number keeps its columns.
+      {"090-123-4567", "090...1234567"},
+      {"0120-12-3456", "0120...123456"},
+      {"0312345678", "...0312345678"},
+      // A subscriber number of three digits is not the form's layout: plain, right-aligned.
+      {"03-123-456", ".....03123456"},
+      {"012345-1-2345", "..01234512345"},
+      {"", "............."},
+  };
+  for (const auto& c : cases) {
+    std::string shown;
+    for (const auto& box : SetTelBoxes(c.tel)) shown += box.empty() ? "." : box;
+    EXPECT_EQ(shown, c.boxes) << c.tel;
+  }
+}
+
+TEST(SlipBoxes, AccountDigitsAndAmounts) {
+  const struct {
+    const char* account;
+    int boxes;
+    const char* shown;
+  } accounts[] = {
+      {"00120-3-456", 13, "001203....456"},
+      {"0012034567890", 13, "0012034567890"},
+      {"00120-3-456", 14, "001203.....456"},
+  };
+  for (const auto& c : accounts) {
+    std::string shown;
+    for (const auto& box : AccountBoxes(c.account, c.boxes)) shown += box.empty() ? "." : box;
+    EXPECT_EQ(shown, c.shown) << c.account;
+  }
+  EXPECT_EQ(LastPlaces("12345678", 7), "2345678");
+  EXPECT_EQ(LastPlaces("-50", 7), "    -50");
+  EXPECT_EQ(RightAligned("123", 5), "  123");
+  EXPECT_EQ(PostcodeDigits("５３０－０００１"), "5300001");
 }
 
 }  // namespace

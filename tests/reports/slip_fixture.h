@@ -1,5 +1,5 @@
 #pragma once
-// Orders, customers and shops for the Yamato slip tests, and a run of a slip into pages.
+// Orders, customers, shops and tax rates for the carrier slip tests, and a run of a slip into pages.
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -25,7 +25,11 @@ struct SlipOrder {
   std::string delivery_date = "2024/06/05";
   std::string time_band;
   std::vector<ItemLine> goods = {{"緑茶 極上 100g", 2}};
-  long amount = 12800;
+  long amount = 12800;   // 請求額, staged as SEK_GAKU
+  long tax = 1164;       // staged as TAX
+  int inshi = 0;         // staged as INSHI
+  long postage = 800, fee = 330, points = 0;
+  std::string ship_date = "2024/06/03";
   std::string carrier = "ヤマト運輸";
   std::string client = "WS1";
 };
@@ -40,8 +44,11 @@ struct SlipCustomer {
   std::string client = "WS1";
 };
 
-// The shop S1 sends for itself (ATENA 1), S0 lets a gift's orderer send (ATENA 0).
-class YamatoDb : public lupin::testing::EngineTest {
+// The shop S1 sends for itself (ATENA 1), S0 lets a gift's orderer send (ATENA 0). S1 adds tax to
+// postage but not to fees and rounds half up; S0 the other way round and rounds up from 0.1. The
+// normal rate is 10 % from 2019/10/01. The goods of an order are its CHUMON_D rows and its line
+// columns: line n costs n × 1000 yen a unit, and even lines are tax-included.
+class SlipDb : public lupin::testing::EngineTest {
  protected:
   void SetUp() override;
   void TearDown() override;
@@ -52,10 +59,11 @@ class YamatoDb : public lupin::testing::EngineTest {
   void ClearOrders();
   // A context for report_no with a sender-less form (paper type 1) or a plain one (0).
   std::unique_ptr<entry::Context> MakeContext(int report_no, int paper_type = 0);
-  // Runs the slip object of the number with the preview's page set-up.
-  engine::PageCollection RunSlip(entry::Context& context);
-  // The dump against tests/golden/yamato/NAME; LUPIN_UPDATE_GOLDEN=1 writes it instead.
-  void ExpectGolden(const engine::PageCollection& pages, const std::string& name);
+  // Runs the slip object of the number (object: another than the catalogue's) with the
+  // preview's page set-up.
+  engine::PageCollection RunSlip(entry::Context& context, const std::string& object = "");
+  // The dump against tests/golden/FOLDER/NAME; LUPIN_UPDATE_GOLDEN=1 writes it instead.
+  void ExpectGolden(const engine::PageCollection& pages, const std::string& name, const std::string& folder = "yamato");
   void WriteFormat(int report_no, const std::string& fields);
 
   std::filesystem::path home_;

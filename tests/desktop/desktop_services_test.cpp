@@ -1,0 +1,79 @@
+// The desktop services of the selection form: its keyboard hook, the list windows' lines, window
+// sizes per form, and launching with and without waiting.
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <random>
+
+#include "desktop/key_hook.h"
+#include "desktop/list_channel.h"
+#include "desktop/shell_execute.h"
+#include "desktop/window_size.h"
+
+namespace lupin::desktop {
+namespace {
+
+TEST(KeyHook, F12ClosesOnlyTheSelectionFormAndNeverDuringAComposition) {
+  struct Row {
+    const char* form;
+    int key, shift;
+    bool composing;
+    HookAction action;
+  };
+  const Row rows[] = {
+      {"frmSelect", kKeyF12, 0, false, HookAction::CloseForm},
+      {"frmSelect", kKeyF12, 0, true, HookAction::PassOn},   // the input method's key
+      {"frmSelect", kKeyF12, 1, false, HookAction::PassOn},  // with shift
+      {"frmPrint", kKeyF12, 0, false, HookAction::PassOn},   // another form is active
+      {"frmSelect", 13, 0, false, HookAction::PassOn},
+  };
+  for (const Row& r : rows) {
+    EXPECT_EQ(OnKey({r.form, r.key, r.shift, true, r.composing}), r.action) << r.form << " " << r.key;
+  }
+}
+
+TEST(ListChannel, LinesArriveWholeAndNameTheirListWindow) {
+  std::string buffer = "CUSNO=12\r\nORDER";
+  EXPECT_EQ(TakeLines(buffer), std::vector<std::string>{"CUSNO=12"});
+  EXPECT_EQ(buffer, "ORDER");
+  buffer += "NO=5\nITEM=A-1\n";
+  EXPECT_EQ(TakeLines(buffer), (std::vector<std::string>{"ORDERNO=5", "ITEM=A-1"}));
+  EXPECT_TRUE(buffer.empty());
+  EXPECT_EQ(ListTitleFor("CUSNO=12"), "顧客一覧");
+  EXPECT_EQ(ListTitleFor("ORDERNO=5"), "注文一覧");
+  EXPECT_EQ(ListTitleFor("ITEM=A-1"), "商品一覧");
+  EXPECT_EQ(ListTitleFor("CLOSEMSG"), "");
+  EXPECT_NE(ListChannelName(1000), ListChannelName(1001));
+}
+
+TEST(WindowSize, SavedPerFormAndIncompleteSizesIgnored) {
+  const auto home = std::filesystem::temp_directory_path() / ("lupin_ws_" + std::to_string(std::random_device{}()));
+  std::filesystem::create_directories(home);
+  const auto file = WindowSizeFile(home, "frmPrint");
+  EXPECT_EQ(file.filename(), "frmPrint.INI");
+  EXPECT_FALSE(ReadWindowSize(file).has_value());
+  ASSERT_TRUE(SaveWindowSize(file, {-5, 10, 800, 600}));
+  EXPECT_EQ(ReadWindowSize(file), (Rect{-5, 10, 800, 600}));
+  ASSERT_TRUE(SaveWindowSize(file, {0, 0, 0, 600}));
+  EXPECT_FALSE(ReadWindowSize(file).has_value());
+  std::filesystem::remove_all(home);
+}
+
+TEST(ShellExecute, WaitsForTheProgramAndReportsWhatFailed) {
+  ShellExecute shell;
+  shell.WaitOption = 1;
+  EXPECT_TRUE(shell.Execute_Wait("/bin/true"));
+  EXPECT_TRUE(shell.ErrMsg.empty());
+  EXPECT_FALSE(shell.Execute_Wait("/bin/false"));
+  EXPECT_EQ(shell.Result, 1);
+  EXPECT_FALSE(shell.ErrMsg.empty());
+  // A document goes to the opener, here one that fails to start.
+  shell.opener = "lupin-no-such-opener";
+  EXPECT_FALSE(shell.Execute_Wait("/etc/hostname"));
+  EXPECT_FALSE(shell.ErrMsg.empty());
+}
+
+}  // namespace
+}  // namespace lupin::desktop
