@@ -8,7 +8,7 @@
 
 #include "db/connection.h"
 #include "engine/measure.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "reports/slips/insert_crlf.h"
 
@@ -18,9 +18,9 @@ const std::vector<std::string>& DemoAddresses() {
   static const std::vector<std::string> addresses = [] {
     auto connection = lupin::db::OpenConnection("sqlite::memory:");
     lupin::entry::CreateSchema(*connection);
-    lupin::entry::DemoOptions options;
+    lupin::demo::DemoOptions options;
     options.orders = 2000;
-    lupin::entry::FillDemoData(*connection, options);
+    lupin::demo::FillDemoData(*connection, options);
     std::set<std::string> seen;
     std::vector<std::string> out;
     for (const char* sql : {"SELECT [住所] FROM [CHUMON]", "SELECT [贈答先住所] FROM [CHUMON]", "SELECT [住所] FROM [CUSTOMER]"}) {

@@ -10,7 +10,7 @@
 #include <string>
 
 #include "db/connection.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 
 namespace {
@@ -20,7 +20,7 @@ constexpr int kOrders = 100000;
 void FillOnce(benchmark::State& state, lupin::db::Connection& connection) {
   lupin::entry::CreateSchema(connection);
   state.ResumeTiming();
-  const auto summary = lupin::entry::FillDemoData(connection, {.orders = kOrders, .seed = 1, .batch = 1000, .progress = {}});
+  const auto summary = lupin::demo::FillDemoData(connection, {.orders = kOrders, .seed = 1, .batch = 1000, .progress = {}});
   state.PauseTiming();
   state.counters["lines"] = summary.order_lines;
 }

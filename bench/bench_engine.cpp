@@ -9,7 +9,7 @@
 #include "engine/designer.h"
 #include "engine/report.h"
 #include "entry/context.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "layout/format_parser.h"
 #include "reports/documents/picking.h"
@@ -125,9 +125,9 @@ void BM_PickingList(benchmark::State& state) {
   {
     auto connection = db::OpenConnection("sqlite:" + (folder / "bench.db").string());
     entry::CreateSchema(*connection);
-    entry::DemoOptions options;
+    demo::DemoOptions options;
     options.orders = static_cast<int>(state.range(0));
-    entry::FillDemoData(*connection, options);
+    demo::FillDemoData(*connection, options);
     connection->Execute("INSERT INTO [WK_PRINT]([ID],[CLIENT_NAME]) SELECT [ID], 'BENCH' FROM [CHUMON]");
     entry::Context context(connection.get(), settings::StorePaths::InFolder(folder), folder);
     context.login.client_name = "BENCH";

@@ -10,7 +10,7 @@
 #include "catalogue/load_report_definition.h"
 #include "db/connection.h"
 #include "entry/context.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "run/preview_runner_engine.h"
 
@@ -25,11 +25,11 @@ struct Fixture {
     std::filesystem::create_directories(folder);
     db = db::OpenConnection("sqlite:" + (folder / "bench.db").string());
     entry::CreateSchema(*db);
-    entry::FillCatalogue(*db);
-    entry::DemoOptions demo;
+    demo::FillCatalogue(*db);
+    demo::DemoOptions demo;
     demo.orders = kOrders;
     demo.seed = 11;
-    entry::FillDemoData(*db, demo);
+    demo::FillDemoData(*db, demo);
     db->Execute("INSERT INTO [WK_PRINT]([ID],[CLIENT_NAME]) SELECT [ID],'PC01' FROM [CHUMON]");
     context = std::make_unique<entry::Context>(db.get(), settings::StorePaths::InFolder(folder), folder);
     context->login.client_name = "PC01";

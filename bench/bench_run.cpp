@@ -10,7 +10,7 @@
 
 #include "db/connection.h"
 #include "entry/context.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "entry/ui.h"
 #include "run/print_form.h"
@@ -53,8 +53,8 @@ std::unique_ptr<Fixture> Prepare(db::Engine engine) {
     f->db->Execute("SET search_path TO " + f->schema);
   }
   entry::CreateSchema(*f->db);
-  entry::FillCatalogue(*f->db);
-  entry::FillDemoData(*f->db, {.orders = kOrders, .seed = 7});
+  demo::FillCatalogue(*f->db);
+  demo::FillDemoData(*f->db, {.orders = kOrders, .seed = 7});
   return f;
 }
 

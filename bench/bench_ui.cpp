@@ -15,7 +15,7 @@
 #include "catalogue/load_report_definition.h"
 #include "db/connection.h"
 #include "entry/context.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "run/print_form.h"
 #include "ui/desktop_session.h"
@@ -42,11 +42,11 @@ struct Shop {
     std::filesystem::create_directories(folder);
     db = db::OpenConnection("sqlite:" + (folder / "bench.db").string());
     entry::CreateSchema(*db);
-    entry::FillCatalogue(*db);
-    entry::DemoOptions demo;
+    demo::FillCatalogue(*db);
+    demo::DemoOptions demo;
     demo.orders = orders;
     demo.seed = 3;
-    entry::FillDemoData(*db, demo);
+    demo::FillDemoData(*db, demo);
     context = std::make_unique<entry::Context>(db.get(), settings::StorePaths::InFolder(folder), folder);
     context->login.client_name = "PC01";
   }

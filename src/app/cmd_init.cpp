@@ -9,10 +9,11 @@
 #include <optional>
 #include <string>
 
+#include "app/cli_support.h"
 #include "app/command_registry.h"
 #include "common/settings.h"
 #include "db/connection.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 
 namespace lupin::app {
@@ -25,11 +26,6 @@ struct InitArgs {
   std::string home;
   std::string settings;
 };
-
-[[noreturn]] void Fail(const std::string& message) {
-  std::cerr << message << '\n';
-  throw CLI::RuntimeError(1);
-}
 
 // 12345 → "12,345"
 std::string Grouped(long long value) {
@@ -57,41 +53,54 @@ void WriteDialect(const InitArgs& args) {
   }
 }
 
-void PrepareHome(const std::string& home) {
+void PrepareHome(const std::filesystem::path& home) {
   std::error_code error;
-  std::filesystem::create_directories(std::filesystem::path(home) / "Format", error);
-  if (error) Fail("フォルダ " + home + " を作成できません: " + error.message());
+  std::filesystem::create_directories(home / "Format", error);
+  if (error) Fail("フォルダ " + home.string() + " を作成できません: " + error.message(), kExitNotOpened);
+  std::cout << "コンポーネントのフォルダ: " << home.string() << '\n';
 }
 
 void RunInit(const InitArgs& args) {
-  auto connection = db::OpenConnection(args.db_url);
+  // The one command that may create a database: OpenConnection makes a missing SQLite file.
+  std::unique_ptr<db::Connection> connection;
+  if (args.db_url.starts_with("sqlite:")) {
+    std::error_code ignored;  // a folder that cannot be made shows as the open's failure
+    const auto folder = std::filesystem::path(args.db_url.substr(7)).parent_path();
+    if (!folder.empty()) std::filesystem::create_directories(folder, ignored);
+  }
+  try {
+    connection = db::OpenConnection(args.db_url);
+  } catch (const std::exception& e) {
+    Fail(std::string("データベースに接続できません: ") + e.what(), kExitNotOpened);
+  }
   const auto start = std::chrono::steady_clock::now();
 
   entry::CreateSchema(*connection);
-  const long existing = entry::CountOrders(*connection);
+  const long existing = demo::CountOrders(*connection);
   if (args.demo > 0 && existing > 0) {
     // Demo orders start at ID 1; adding them to real orders would collide or mix both.
     Fail("このデータベースには既に受注データが " + Grouped(existing) +
          " 件あります。デモデータは受注のないデータベースにだけ作成できます。");
   }
-  const entry::CatalogueSummary catalogue = entry::FillCatalogue(*connection);
-  if (!args.home.empty()) PrepareHome(args.home);
+  const demo::CatalogueSummary catalogue = demo::FillCatalogue(*connection);
+  PrepareHome(ComponentHome(args.home));
 
-  entry::DemoSummary demo;
+  demo::DemoSummary demo;
   if (args.demo > 0) {
-    entry::DemoOptions options;
+    demo::DemoOptions options;
     options.orders = args.demo;
     options.seed = args.seed;
     const auto demo_start = std::chrono::steady_clock::now();
-    options.progress = [demo_start](int done, int total) {
+    const bool terminal = ErrorStreamIsTerminal();  // in a log the summary below is enough
+    if (terminal) options.progress = [demo_start](int done, int total) {
       const double seconds =
           std::chrono::duration<double>(std::chrono::steady_clock::now() - demo_start).count();
       const long long rate = seconds > 0 ? static_cast<long long>(done / seconds) : 0;
       std::cerr << "\rデモデータ作成中: " << Grouped(done) << " / " << Grouped(total) << " 件 ("
                 << Grouped(rate) << " 件/秒)" << std::flush;
     };
-    demo = entry::FillDemoData(*connection, options);
-    std::cerr << '\n';
+    demo = demo::FillDemoData(*connection, options);
+    if (terminal) std::cerr << '\n';
   }
   const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 
@@ -109,6 +118,7 @@ void RunInit(const InitArgs& args) {
   char elapsed[32];
   std::snprintf(elapsed, sizeof elapsed, "%.1f", seconds);
   std::cout << "所要時間: " << elapsed << " 秒\n";
+  if (args.db_url.starts_with("sqlite:")) std::cerr << "出力しました: " << args.db_url.substr(7) << '\n';
   WriteDialect(args);
 }
 
@@ -118,7 +128,7 @@ lupin::app::RegisterCommand reg([](CLI::App& root) {
   cmd->add_option("--db", args->db_url, "接続先 (sqlite:ファイル または postgresql://...)")->required();
   cmd->add_option("--demo", args->demo, "作成するデモ受注の件数 (0 で作成しない)")->check(CLI::Range(0, 10000000));
   cmd->add_option("--seed", args->seed, "デモデータの乱数シード (同じシードなら同じデータ)");
-  cmd->add_option("--home", args->home, "コンポーネントのフォルダ (REPORT.INI、Format など)");
+  AddHomeOption(*cmd, args->home);
   cmd->add_option("--settings", args->settings, "設定ファイルのフォルダ (machine.ini、lupin.ini)");
   cmd->callback([args] { RunInit(*args); });
 });

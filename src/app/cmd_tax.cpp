@@ -12,6 +12,9 @@
 #include <utility>
 #include <vector>
 
+#include <nlohmann/json.hpp>
+
+#include "app/cli_support.h"
 #include "app/command_registry.h"
 #include "common/settings.h"
 #include "db/connection.h"
@@ -30,20 +33,25 @@ struct TaxArgs {
   std::optional<std::int32_t> to;
   std::optional<int> dialect;  // none: ResouceMode of the settings
   std::string settings_dir;    // folder of the three settings stores
+  std::string home;            // the component folder
+  bool json = false;
   int batch = 500;  // orders per transaction in --all; 0 or 1: none
 };
 
-[[noreturn]] void Fail(const std::string& message) {
-  std::cerr << message << '\n';
-  throw CLI::RuntimeError(1);
-}
-
-void PrintResults(std::int32_t id, const money::clsCalcChumonT& calc) {
-  std::cout << "受注ID: " << id << '\n';
+void PrintResults(std::int32_t id, const money::clsCalcChumonT& calc, bool json) {
   const char* const names[] = {"標準税率", "軽減税率", "旧税率"};
   const vb::Currency rates[] = {calc.Zeirate1(), calc.Zeirate2(), calc.Zeirate3()};
   const std::int32_t komikin[] = {calc.Komikin1(), calc.Komikin2(), calc.Komikin3()};
   const std::int32_t zeikin[] = {calc.Zeikin1(), calc.Zeikin2(), calc.Zeikin3()};
+  if (json) {
+    nlohmann::ordered_json rows = nlohmann::ordered_json::array();
+    for (int i = 0; i < 3; ++i) {
+      rows.push_back({{"name", names[i]}, {"rate", rates[i].ToDouble()}, {"komikin", komikin[i]}, {"zeikin", zeikin[i]}});
+    }
+    std::cout << nlohmann::ordered_json{{"id", id}, {"rates", rows}}.dump(1) << '\n';
+    return;
+  }
+  std::cout << "受注ID: " << id << '\n';
   for (int i = 0; i < 3; ++i) {
     std::cout << "税率" << i + 1 << " (" << names[i] << "): " << rates[i].ToString() << "  税込金額"
               << i + 1 << ": " << komikin[i] << "  消費税額" << i + 1 << ": " << zeikin[i] << '\n';
@@ -152,22 +160,25 @@ int RecalculateAll(db::Connection& connection, money::clsCalcChumonT& calc, cons
   }
   const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   if (progress.terminal && !ids.empty()) std::cerr << '\n';
-  std::cout << "再計算しました: " << ids.size() - failed << " 件 (失敗 " << failed << " 件, " << seconds
-            << " 秒)\n";
-  return failed == 0 ? 0 : 1;
+  if (args.json) {
+    std::cout << nlohmann::ordered_json{{"recalculated", ids.size() - failed}, {"failed", failed}, {"seconds", seconds}}.dump(1)
+              << '\n';
+  } else {
+    std::cout << "再計算しました: " << ids.size() - failed << " 件 (失敗 " << failed << " 件, " << seconds << " 秒)\n";
+  }
+  if (ids.empty()) {
+    std::cerr << "再計算する受注がありません。\n";
+    return kExitNothing;
+  }
+  return failed == 0 ? kExitDone : kExitStopped;
 }
 
 void Run(const TaxArgs& args) {
-  std::unique_ptr<db::Connection> connection;
-  try {
-    connection = db::OpenConnection(args.db_url);
-  } catch (const std::exception& e) {
-    Fail(std::string("データベースに接続できません: ") + e.what());
-  }
+  std::unique_ptr<db::Connection> connection = OpenDatabase(args.db_url);
   const auto stores = args.settings_dir.empty() ? settings::StorePaths::Default()
                                                 : settings::StorePaths::InFolder(args.settings_dir);
   // The dialect is the workstation's, read as the selection form reads it.
-  entry::Context context(connection.get(), stores, std::filesystem::current_path());
+  entry::Context context(connection.get(), stores, ComponentHome(args.home));
   entry::InitialiseContextSettings(context);
   money::clsCalcChumonT calc{settings::Settings(stores)};
   try {
@@ -184,7 +195,7 @@ void Run(const TaxArgs& args) {
     } catch (const std::exception& e) {
       Fail(std::string("受注 (CHUMON) を読めません: ") + e.what());
     }
-    if (code != 0) throw CLI::RuntimeError(code);
+    if (code != kExitDone) Exit(code);
     return;
   }
   calc.SetId(*args.id);
@@ -201,7 +212,7 @@ void Run(const TaxArgs& args) {
   } catch (const std::exception& e) {
     Fail("受注ID " + std::to_string(*args.id) + " の計算に失敗しました: " + e.what());
   }
-  PrintResults(*args.id, calc);
+  PrintResults(*args.id, calc, args.json);
 }
 
 const RegisterCommand kRegistration([](CLI::App& root) {
@@ -217,11 +228,14 @@ const RegisterCommand kRegistration([](CLI::App& root) {
       ->check(CLI::NonNegativeNumber);
   cmd->add_option("--dialect", args->dialect, "SQL の方言 (0, 1, 2)。既定は設定 ResouceMode")->check(CLI::Range(0, 2));
   cmd->add_option("--settings", args->settings_dir, "設定ファイルのフォルダ (machine.ini, lupin.ini, fallback.ini)");
+  AddHomeOption(*cmd, args->home);
+  cmd->add_flag("--json", args->json, "結果を JSON で表示 (金額と税率は数値)");
+  cmd->footer("終了コード: 0 完了, 1 計算の失敗, 2 データベースを開けない, 3 再計算する受注がない, 64 指定の誤り");
   id->excludes(all);
   from->needs(all);
   to->needs(all);
   cmd->callback([args] {
-    if (!args->id && !args->all) Fail("--id か --all のどちらかを指定してください。");
+    if (!args->id && !args->all) RefuseUsage("--id か --all のどちらかを指定してください。");
     Run(*args);
   });
 });

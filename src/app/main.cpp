@@ -5,6 +5,7 @@
 #include <exception>
 #include <iostream>
 
+#include "app/cli_support.h"
 #include "app/command_registry.h"
 
 int main(int argc, char** argv) {
@@ -17,6 +18,9 @@ int main(int argc, char** argv) {
       "  lupinprint catalogue --db sqlite:demo.db            帳票の一覧\n"
       "  lupinprint run --db sqlite:demo.db --report 25 --sql 選択の SQL 文\n"
       "  lupinprint tax --db sqlite:demo.db --id 1           受注 1 の税率別計算\n"
+      "  lupinprint settings list                            設定の一覧\n"
+      "終了コード: 0 完了, 1 システムのメッセージで停止, 2 データベースか出力先を開けない,\n"
+      "            3 印刷・出力するデータがない, 64 コマンドラインの指定の誤り\n"
       "各サブコマンドの詳細は lupinprint SUBCOMMAND --help で表示します。");
   for (const auto& install : lupin::app::Installers()) install(root);
   // Without a subcommand the desktop opens.
@@ -28,11 +32,16 @@ int main(int argc, char** argv) {
   }
   try {
     root.parse(argc, argv);
+  } catch (const CLI::Success& e) {
+    return root.exit(e);  // --help
+  } catch (const CLI::RuntimeError& e) {
+    return e.get_exit_code();  // the subcommand has said what there was to say
   } catch (const CLI::ParseError& e) {
-    return root.exit(e);
+    std::cerr << "エラー: " << lupin::app::JapaneseParseError(e) << "\n--help で使い方を表示します。\n";
+    return lupin::app::kExitUsage;
   } catch (const std::exception& e) {
     std::cerr << "エラー: " << e.what() << '\n';
-    return 1;
+    return lupin::app::kExitStopped;
   }
-  return 0;
+  return lupin::app::kExitDone;
 }

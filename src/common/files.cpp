@@ -1,13 +1,15 @@
 #include "common/files.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <iterator>
-#include <random>
 #include <system_error>
 
 #include "common/text.h"
@@ -99,11 +101,7 @@ bool ReplaceFileAtomically(const std::filesystem::path& target, std::string_view
                            std::string* error) {
   std::filesystem::path folder = target.parent_path();
   if (folder.empty()) folder = ".";
-  // The temporary name is unique per call so two writers of one folder never share it.
-  std::random_device seed;
-  std::string temp_name = "." + target.filename().string() + ".tmp" + std::to_string(::getpid()) + "_" +
-                          std::to_string(seed());
-  const std::filesystem::path temp = folder / temp_name;
+  const std::filesystem::path temp = PartFileBeside(target.parent_path().empty() ? folder / target : target);
 
   const int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
   if (fd < 0) {
@@ -130,6 +128,37 @@ bool ReplaceFileAtomically(const std::filesystem::path& target, std::string_view
     ::close(dir_fd);
   }
   return true;
+}
+
+std::filesystem::path PartFileBeside(const std::filesystem::path& target) {
+  // Unique per call, so two writers of one folder never share a temporary.
+  static std::atomic<unsigned> serial{0};
+  std::filesystem::path temp = target;
+  temp += ".part-" + std::to_string(::getpid()) + "-" + std::to_string(++serial);
+  return temp;
+}
+
+int RemoveStalePartFiles(const std::filesystem::path& folder) {
+  int removed = 0;
+  std::error_code error;
+  std::filesystem::directory_iterator it(folder.empty() ? std::filesystem::path(".") : folder, error);
+  for (; !error && it != std::filesystem::directory_iterator(); it.increment(error)) {
+    const std::string name = it->path().filename().string();
+    const auto at = name.rfind(".part-");
+    if (at == std::string::npos) continue;
+    // "<pid>-<serial>" after the marker, digits only.
+    const std::string rest = name.substr(at + 6);
+    const auto dash = rest.find('-');
+    if (dash == std::string::npos || dash == 0 || dash + 1 == rest.size() ||
+        rest.find_first_not_of("0123456789-") != std::string::npos) {
+      continue;
+    }
+    const long pid = std::strtol(rest.substr(0, dash).c_str(), nullptr, 10);
+    if (pid <= 0 || (::kill(static_cast<pid_t>(pid), 0) == 0 || errno != ESRCH)) continue;
+    std::error_code ignored;
+    if (std::filesystem::remove(it->path(), ignored)) ++removed;
+  }
+  return removed;
 }
 
 std::string ReadFirstLine(const std::filesystem::path& file) {

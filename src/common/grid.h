@@ -2,6 +2,14 @@
 // The spreadsheet grid model: what the print list shows and what the file writers read.
 // Rows and columns are 1-based as the old grid control had them; row 0 holds the column captions and
 // column 0 the row headers. Cells hold text; a check-box cell holds "1" or "0".
+//
+// A season's list holds a hundred thousand rows, so rows are kept packed, one run of bytes each,
+// and beyond a megabyte they go to an unlinked temporary file: memory stays flat however long the
+// list. A few rows stay unpacked for reading and writing; a reference from Text stays valid until
+// eight other rows have been touched.
+#include <cstdint>
+#include <cstdio>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,8 +18,13 @@ namespace lupin::common {
 
 class Grid {
  public:
-  Grid() = default;
+  Grid();
   Grid(int max_rows, int max_cols);
+  ~Grid();
+  Grid(const Grid& other);
+  Grid& operator=(const Grid& other);
+  Grid(Grid&& other) noexcept;
+  Grid& operator=(Grid&& other) noexcept;
 
   int MaxRows() const { return max_rows_; }
   int MaxCols() const { return max_cols_; }
@@ -42,6 +55,9 @@ class Grid {
   const std::string& Caption(int col) const { return Text(0, col); }
   void SetCaption(int col, std::string_view text) { SetText(0, col, text); }
 
+  // Bytes of packed rows held in memory (the rest is in the temporary file), for the tests.
+  std::size_t PackedBytesInMemory() const;
+
   bool ColHidden(int col) const;
   void SetColHidden(int col, bool hidden);
 
@@ -59,14 +75,15 @@ class Grid {
   void SetVisible(bool visible) { visible_ = visible; }
 
  private:
-  std::size_t Index(int row, int col) const;
+  struct RowStore;
   bool Inside(int row, int col) const;
+  std::vector<std::string>& Unpacked(int row) const;
 
   int max_rows_ = 0;
   int max_cols_ = 0;
-  // (max_rows_ + 1) × (max_cols_ + 1) cells, row-major, row 0 and column 0 included.
-  std::vector<std::string> cells_ = std::vector<std::string>(1);
+  std::vector<std::string> captions_ = std::vector<std::string>(1);  // row 0
   std::vector<bool> hidden_ = std::vector<bool>(1, false);
+  std::unique_ptr<RowStore> store_;  // rows 1 .. max_rows_
   int row_ = 0;
   int col_ = 0;
   bool redraw_ = true;

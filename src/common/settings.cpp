@@ -1,5 +1,7 @@
 #include "common/settings.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <system_error>
 
@@ -48,10 +50,26 @@ StorePaths StorePaths::InFolder(const std::filesystem::path& folder) {
   return StorePaths{folder / "machine.ini", folder / "lupin.ini", folder / "fallback.ini"};
 }
 
+bool Settings::NoCase::operator()(std::string_view a, std::string_view b) const {
+  return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
+    return std::tolower(static_cast<unsigned char>(x)) < std::tolower(static_cast<unsigned char>(y));
+  });
+}
+
+void Settings::Override(std::string_view key, std::string_view value) { overrides_[std::string(key)] = value; }
+
+std::filesystem::path Settings::StoreFileForWrite(int number, std::string_view name) const {
+  std::string_view key = SettingNameForWrite(number);
+  if (key.empty()) key = name;
+  if (!MachineStoreExists(paths_)) return paths_.fallback_ini;
+  return IsMachineKeyOnWrite(number, key) ? paths_.machine_ini : paths_.user_ini;
+}
+
 std::string Settings::GetSetting(int number, std::string_view default_value, std::string_view name) const {
   std::string_view key = SettingNameForRead(number);
   if (key.empty()) key = name;
   if (key.empty()) return std::string(default_value);
+  if (const auto it = overrides_.find(key); it != overrides_.end()) return it->second;
 
   if (!MachineStoreExists(paths_)) return ReadProfileString(paths_.fallback_ini, kSection, key, default_value);
 

@@ -2,6 +2,7 @@
 // The three settings stores: a machine-wide INI file (the machine store), the user file lupin.ini,
 // and a per-user fallback for a machine whose machine store does not exist.
 #include <filesystem>
+#include <map>
 #include <span>
 #include <string>
 #include <utility>
@@ -22,7 +23,8 @@ struct StorePaths {
 };
 
 // Windows profile semantics: case-insensitive sections and keys, values up to 1,024 characters,
-// writing one key keeps the rest of the file. Files are read and written as UTF-8.
+// writing one key keeps the rest of the file. A file is read as UTF-8 when it is valid UTF-8 (with
+// or without BOM) and as CP932 otherwise, and written back in the encoding it was read in.
 std::string ReadProfileString(const std::filesystem::path& file, std::string_view section,
                               std::string_view key, std::string_view default_value);
 // Writes atomically (temporary file, then rename). Returns false when the file cannot be written.
@@ -39,9 +41,19 @@ class Settings {
   std::string GetSetting(int number, std::string_view default_value, std::string_view name = "") const;
   void SaveSetting(int number, std::string_view value, std::string_view name = "");
   const StorePaths& Paths() const { return paths_; }
+  // A value that every read of the key (by number or by name) returns for the life of this object,
+  // without touching the stores: a batch run's setting for that run only. Keys compare without case.
+  void Override(std::string_view key, std::string_view value);
+  // The file a SaveSetting of the number or name writes to.
+  std::filesystem::path StoreFileForWrite(int number, std::string_view name = "") const;
 
  private:
+  struct NoCase {
+    using is_transparent = void;
+    bool operator()(std::string_view a, std::string_view b) const;
+  };
   StorePaths paths_;
+  std::map<std::string, std::string, NoCase> overrides_;
 };
 
 // Key names of the numbered settings, "" for a number outside the table (reading and writing differ

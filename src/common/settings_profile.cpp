@@ -7,6 +7,7 @@
 #include "common/ascii.h"
 #include "common/files.h"
 #include "common/settings.h"
+#include "common/text.h"
 
 namespace lupin::settings {
 namespace {
@@ -85,21 +86,32 @@ std::string CutValue(std::string_view value) {
   return std::string(value);
 }
 
-std::optional<std::string> ReadWhole(const std::filesystem::path& file) {
+constexpr std::string_view kBom = "\xEF\xBB\xBF";
+
+// A file's text as UTF-8 and the encoding it came in: files carried over from Windows are
+// Shift-JIS, so anything that is not valid UTF-8 is read as CP932 and written back as CP932.
+struct IniText {
+  std::string utf8;
+  bool cp932 = false;
+};
+
+std::optional<IniText> ReadWhole(const std::filesystem::path& file) {
   std::ifstream in(file, std::ios::binary);
   if (!in) return std::nullopt;
-  return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  if (text::IsValidUtf8(std::string_view(bytes).substr(bytes.starts_with(kBom) ? kBom.size() : 0))) {
+    return IniText{std::move(bytes), false};
+  }
+  return IniText{text::FromCp932(bytes), true};
 }
-
-constexpr std::string_view kBom = "\xEF\xBB\xBF";
 
 }  // namespace
 
 std::string ReadProfileString(const std::filesystem::path& file, std::string_view section,
                               std::string_view key, std::string_view default_value) {
-  const std::optional<std::string> content = ReadWhole(file);
+  const std::optional<IniText> content = ReadWhole(file);
   if (!content) return CutValue(default_value);
-  std::string_view view(*content);
+  std::string_view view(content->utf8);
   if (view.starts_with(kBom)) view.remove_prefix(kBom.size());
 
   bool inside = false;
@@ -199,7 +211,8 @@ bool WriteProfileStrings(const std::filesystem::path& file, std::string_view sec
                          std::span<const std::pair<std::string_view, std::string_view>> entries) {
   section = Trim(section);
   if (section.empty()) return false;
-  std::string content = ReadWhole(file).value_or(std::string());
+  IniText read = ReadWhole(file).value_or(IniText{});
+  std::string content = std::move(read.utf8);
   for (const auto& [raw_key, raw_value] : entries) {
     const std::string_view key = Trim(raw_key);
     if (key.empty()) return false;
@@ -207,7 +220,7 @@ bool WriteProfileStrings(const std::filesystem::path& file, std::string_view sec
     const std::string_view value = raw_value.substr(0, raw_value.find_first_of("\r\n"));
     content = WithEntry(content, section, key, value);
   }
-  return files::ReplaceFileAtomically(file, content);
+  return files::ReplaceFileAtomically(file, read.cp932 ? text::ToCp932(content).bytes : content);
 }
 
 }  // namespace lupin::settings

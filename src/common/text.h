@@ -18,6 +18,9 @@ struct SjisBytes {
 SjisBytes ToCp932(std::string_view utf8);
 // CP932 to UTF-8; an invalid byte becomes U+FFFD, never an exception.
 std::string FromCp932(std::string_view cp932);
+// Whether the bytes are well-formed UTF-8 (no stray, overlong or truncated sequence): how a file
+// of unknown origin is told from a CP932 one.
+bool IsValidUtf8(std::string_view bytes);
 
 // Byte helpers: positions and counts are in CP932 bytes, 1-based like the old runtime. Results
 // come back through CP932, so a character outside it comes back as "?".

@@ -74,6 +74,16 @@ std::size_t OffsetOfChar(std::string_view text, std::size_t char_index) {
   return pos;
 }
 
+bool IsValidUtf8(std::string_view bytes) {
+  std::size_t pos = 0;
+  while (pos < bytes.size()) {
+    const std::size_t start = pos;
+    // The walk yields U+FFFD for a malformed sequence; a real U+FFFD is written EF BF BD.
+    if (NextCodePoint(bytes, pos) == kReplacementChar && bytes.substr(start, 3) != "\xEF\xBF\xBD") return false;
+  }
+  return true;
+}
+
 std::u32string ToU32(std::string_view utf8) {
   std::u32string out;
   out.reserve(utf8.size());

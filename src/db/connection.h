@@ -14,6 +14,12 @@ struct DbError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+// Another workstation's transaction got in the way (a deadlock, a serialization failure, or the
+// same new key inserted first): the whole transaction, run again, sees the other's rows.
+struct ConflictError : DbError {
+  using DbError::DbError;
+};
+
 enum class Engine { Sqlite, Postgres };
 
 class Connection {
@@ -31,6 +37,10 @@ class Connection {
   // "UPDATE ..., and INSERT when no row was touched".
   virtual long ExecuteNow(std::string_view sql) { return Execute(sql); }
   virtual Recordset Open(std::string_view sql) = 0;
+  // A result read as the cursor moves (forward, one step back), for long results read once: the
+  // print list and a report's data. Other statements may run on the connection meanwhile. A driver
+  // that cannot stream returns the materialised result.
+  virtual Recordset OpenForward(std::string_view sql) { return Open(sql); }
   virtual void BeginTrans() = 0;
   virtual void CommitTrans() = 0;
   // A failed statement marks the open transaction failed: CommitTrans then rolls it back and

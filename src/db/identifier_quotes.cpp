@@ -20,9 +20,33 @@ std::size_t SkipQuoted(std::string_view sql, std::size_t open, char delimiter) {
   return sql.size();
 }
 
+// The index of the '#' that closes a date literal opened at `open`, or npos. The body is what a
+// criterion put between the delimiters: no blank at either end, nothing that quotes or ends a line.
+std::size_t DateLiteralClose(std::string_view sql, std::size_t open) {
+  const std::size_t close = sql.find('#', open + 1);
+  if (close == std::string_view::npos || close == open + 1) return std::string_view::npos;
+  const std::string_view body = sql.substr(open + 1, close - open - 1);
+  if (body.front() == ' ' || body.back() == ' ') return std::string_view::npos;
+  if (body.find_first_of("'\"[];\r\n\t") != std::string_view::npos) return std::string_view::npos;
+  return close;
+}
+
+void AppendLoweredName(std::string& out, std::string_view name) {
+  out += '"';
+  for (const char n : name) {
+    if (n >= 'A' && n <= 'Z') {
+      out += static_cast<char>(n - 'A' + 'a');
+    } else {
+      if (n == '"') out += '"';
+      out += n;
+    }
+  }
+  out += '"';
+}
+
 }  // namespace
 
-std::string BracketsToDoubleQuotes(std::string_view sql) {
+std::string EngineSqlText(std::string_view sql, bool brackets) {
   std::string out;
   out.reserve(sql.size() + 8);
   std::size_t i = 0;
@@ -40,17 +64,19 @@ std::string BracketsToDoubleQuotes(std::string_view sql) {
     } else if (c == '[') {
       const std::size_t close = sql.find(']', i + 1);
       if (close != std::string_view::npos) {
-        out += '"';
-        for (std::size_t k = i + 1; k < close; ++k) {
-          const char n = sql[k];
-          if (n >= 'A' && n <= 'Z') {
-            out += static_cast<char>(n - 'A' + 'a');
-          } else {
-            if (n == '"') out += '"';
-            out += n;
-          }
+        if (brackets) {
+          AppendLoweredName(out, sql.substr(i + 1, close - i - 1));
+          i = close + 1;
+          continue;
         }
-        out += '"';
+        end = close + 1;  // a bracketed name may hold a '#'
+      }
+    } else if (c == '#') {
+      const std::size_t close = DateLiteralClose(sql, i);
+      if (close != std::string_view::npos) {
+        out += '\'';
+        out.append(sql.substr(i + 1, close - i - 1));
+        out += '\'';
         i = close + 1;
         continue;
       }

@@ -1,5 +1,6 @@
 #include "db/recordset.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 #include "common/ascii.h"
@@ -36,13 +37,84 @@ struct Recordset::NameIndex {
 Recordset::Recordset(std::vector<std::string> names, std::vector<std::vector<Value>> rows)
     : names_(std::move(names)), rows_(std::move(rows)) {}
 
+Recordset::Recordset(std::vector<std::string> names, std::shared_ptr<RowSource> source)
+    : names_(std::move(names)), source_(std::move(source)), exhausted_(false) {
+  Fill();
+}
+
+void Recordset::Fill() {
+  while (!exhausted_ && position_ != kBeforeFirst && position_ >= first_ + rows_.size()) {
+    std::vector<Value> row;
+    if (!source_->Next(row)) {
+      exhausted_ = true;
+      count_ = first_ + rows_.size();
+      source_->Release();
+      break;
+    }
+    if (rows_.size() == kStreamWindow) {
+      rows_.erase(rows_.begin());
+      ++first_;
+    }
+    rows_.push_back(std::move(row));
+  }
+}
+
+void Recordset::Restart() {
+  source_->Rewind();
+  rows_.clear();
+  first_ = 0;
+  position_ = 0;
+  exhausted_ = false;
+  Fill();
+}
+
+std::size_t Recordset::RecordCount() const {
+  if (!source_) return rows_.size();
+  if (count_ == kBeforeFirst) count_ = source_->Count();
+  return count_;
+}
+
+void Recordset::MoveFirst() {
+  if (source_ && first_ != 0) {
+    Restart();
+    return;
+  }
+  position_ = 0;
+}
+
+void Recordset::MoveLast() {
+  if (!source_) {
+    position_ = rows_.empty() ? 0 : rows_.size() - 1;
+    return;
+  }
+  if (position_ == kBeforeFirst) position_ = 0;
+  while (!exhausted_) {
+    ++position_;
+    Fill();
+  }
+  const std::size_t end = first_ + rows_.size();
+  position_ = end == 0 ? 0 : end - 1;
+}
+
+void Recordset::MoveNext() {
+  if (position_ == kBeforeFirst) {
+    position_ = 0;
+  } else if (source_ ? !Eof() : position_ < rows_.size()) {
+    ++position_;
+  }
+  if (source_) Fill();
+}
+
 void Recordset::MovePrevious() {
   if (position_ == kBeforeFirst) return;
   if (position_ == 0) {
     position_ = kBeforeFirst;
-  } else {
-    position_ = std::min(position_, rows_.size()) - 1;
+    return;
   }
+  const std::size_t end = first_ + rows_.size();
+  const std::size_t target = std::min(position_, end) - 1;
+  if (source_ && target < first_) throw DbError("前方専用のレコードセットは 1 行より前に戻れません。");
+  position_ = target;
 }
 
 int Recordset::FieldIndex(std::string_view name) const {
@@ -74,7 +146,7 @@ const Value& Recordset::Field(std::size_t index) const {
     throw DbError("BOF と EOF のいずれかが True になっているか、または現在のレコードが削除されています。");
   }
   if (index >= names_.size()) throw DbError("項目 " + std::to_string(index) + " がありません。");
-  return rows_[position_][index];
+  return rows_[position_ - first_][index];
 }
 
 }  // namespace lupin::db

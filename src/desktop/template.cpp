@@ -1,5 +1,6 @@
 #include "desktop/template.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace lupin::desktop {
@@ -85,6 +86,8 @@ void ExpandConditions(std::string& text, const db::Recordset& row) {
     const std::string result = holds ? CleanBody(view.substr(body_begin, end_if - body_begin)) : std::string();
     // The body may hold a block of its own.
     from = ReplaceBlock(text, begin, end_if + kEndIf.size(), result);
+    // Every tab of the result and of the text behind it goes, not only those ending the line.
+    text.erase(std::remove(text.begin() + static_cast<std::ptrdiff_t>(from), text.end(), '\t'), text.end());
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "engine/designer_merge.h"
 #include "engine/designer_table.h"
 
 namespace lupin::engine {
@@ -11,6 +12,14 @@ namespace lupin::engine {
 namespace {
 
 using Json = nlohmann::json;
+
+std::string_view DesignerText(std::string_view report_name) {
+  const std::string file_name = std::string(report_name) + ".json";
+  for (std::size_t i = 0; i < kDesignerSourceCount; ++i) {
+    if (kDesignerSources[i].file_name == file_name) return kDesignerSources[i].text;
+  }
+  throw DesignerError(fmt::format("{}: デザイナーが組み込まれていません", file_name));
+}
 
 class Reader {
  public:
@@ -145,7 +154,7 @@ class Reader {
     if (name.empty()) Fail("sections", "名前のないセクションがあります");
     const std::string where = fmt::format("セクション {}", name);
     OnlyKeys(object, where, {"name", "type", "height", "visible", "new_page", "data_field", "columns",
-                             "column_direction", "column_spacing", "controls"});
+                             "column_direction", "column_spacing", "header", "controls"});
     const std::string type_name = Text(object, "type", where);
     SectionType type;
     if (!SectionTypeFromName(type_name, type)) Fail(where, fmt::format("不明なセクションの種類 \"{}\"", type_name));
@@ -155,6 +164,9 @@ class Reader {
     section.PageBreak =
         static_cast<NewPage>(Choice(object, "new_page", where, {"none", "before", "after", "before_after"}, 0));
     section.DataField = Text(object, "data_field", where);
+    section.HeaderName = Text(object, "header", where);
+    if (!section.HeaderName.empty() && type != SectionType::GroupFooter)
+      Fail(where, "\"header\" はグループフッターだけが持ちます");
     if (type == SectionType::GroupHeader && section.DataField.empty())
       Fail(where, "グループヘッダーに \"data_field\" がありません");
     section.ColumnCount = Number<int>(object, "columns", where, 1);
@@ -177,6 +189,7 @@ class Reader {
     } catch (const Json::parse_error& error) {
       Fail("JSON", error.what());
     }
+    root = ResolveDesigner(file_, std::move(root), [](std::string_view report_name) { return DesignerText(report_name); });
     OnlyKeys(root, "report", {"report", "title", "printer", "margins", "print_width", "fields", "sections"});
     ReportLayout layout;
     layout.name = Text(root, "report", "report");
@@ -228,11 +241,7 @@ ReportLayout ParseDesigner(std::string_view file_name, std::string_view json_tex
 }
 
 ReportLayout LoadDesigner(std::string_view report_name) {
-  const std::string file_name = std::string(report_name) + ".json";
-  for (std::size_t i = 0; i < kDesignerSourceCount; ++i) {
-    if (kDesignerSources[i].file_name == file_name) return ParseDesigner(file_name, kDesignerSources[i].text);
-  }
-  throw DesignerError(fmt::format("{}: デザイナーが組み込まれていません", file_name));
+  return ParseDesigner(std::string(report_name) + ".json", DesignerText(report_name));
 }
 
 std::vector<std::string> DesignerNames() {

@@ -10,8 +10,9 @@ namespace lupin::engine {
 
 class PangoTextMeasurer : public TextMeasurer {
  public:
-  // cache_limit: distinct (text, font) widths kept; line-breaking measures the same names often.
-  explicit PangoTextMeasurer(std::size_t cache_limit = 100000);
+  // cache_limit: distinct (text, font) widths kept; line-breaking measures the same names often,
+  // but one order's texts close together: a season's run must not keep every name it measured.
+  explicit PangoTextMeasurer(std::size_t cache_limit = 8192);
   ~PangoTextMeasurer() override;
   PangoTextMeasurer(const PangoTextMeasurer&) = delete;
   PangoTextMeasurer& operator=(const PangoTextMeasurer&) = delete;

@@ -47,14 +47,43 @@ void PageDrawer::SetColour(cairo_t* cr, std::uint32_t rgb) {
                        (rgb & 0xff) / 255.0);
 }
 
+void PageDrawer::Prepare(const Page& page, PagePreparation& preparation) {
+  const std::size_t count = page.items.size();
+  preparation.texts.assign(count, nullptr);
+  preparation.barcodes.assign(count, nullptr);
+  for (std::size_t i = 0; i < count; ++i) {
+    const PageItem& item = page.items[i];
+    if (!item.visible || item.text.empty()) continue;
+    if (item.kind == ItemKind::Label || item.kind == ItemKind::TextField) {
+      preparation.texts[i] = shaper_.ShapeShared(item.text, item.font, item.word_wrap ? item.width / kTwipsPerPoint : 0);
+    } else if (item.kind == ItemKind::Barcode) {
+      const std::string style = item.barcode_style.empty() ? "JapanPost" : item.barcode_style;
+      auto it = barcodes_.find(style + '\0' + item.text);
+      if (it == barcodes_.end()) {
+        if (barcodes_.size() >= kBarcodeCacheLimit) barcodes_.clear();
+        it = barcodes_.emplace(style + '\0' + item.text,
+                               std::make_shared<const BarcodeSymbol>(EncodeBarcode(style, item.text))).first;
+      }
+      preparation.barcodes[i] = it->second;
+    }
+  }
+}
+
 void PageDrawer::Draw(cairo_t* cr, const Page& page, std::vector<std::string>& problems) {
+  Prepare(page, scratch_);
+  Draw(cr, page, scratch_, problems);
+}
+
+void PageDrawer::Draw(cairo_t* cr, const Page& page, const PagePreparation& preparation,
+                      std::vector<std::string>& problems) {
   colour_ = -1;
-  for (const PageItem& item : page.items) {
+  for (std::size_t i = 0; i < page.items.size(); ++i) {
+    const PageItem& item = page.items[i];
     if (!item.visible) continue;
     switch (item.kind) {
       case ItemKind::Label:
       case ItemKind::TextField:
-        DrawText(cr, item);
+        DrawText(cr, item, preparation.texts[i].get());
         break;
       case ItemKind::Shape:
         DrawShape(cr, item);
@@ -63,14 +92,14 @@ void PageDrawer::Draw(cairo_t* cr, const Page& page, std::vector<std::string>& p
         DrawLine(cr, item);
         break;
       case ItemKind::Barcode:
-        DrawBarcode(cr, item, problems);
+        DrawBarcode(cr, item, preparation.barcodes[i].get(), problems);
         break;
     }
   }
   Flush(cr);
 }
 
-void PageDrawer::DrawText(cairo_t* cr, const PageItem& item) {
+void PageDrawer::DrawText(cairo_t* cr, const PageItem& item, const ShapedText* shaped_text) {
   const Box box = BoxOf(item);
   if (item.back_color >= 0) {
     Flush(cr);  // a background must not cover earlier text
@@ -78,8 +107,8 @@ void PageDrawer::DrawText(cairo_t* cr, const PageItem& item) {
     cairo_rectangle(cr, box.x, box.y, box.w, box.h);
     cairo_fill(cr);
   }
-  if (item.text.empty()) return;
-  const ShapedText& shaped = shaper_.Shape(item.text, item.font, item.word_wrap ? box.w : 0);
+  if (item.text.empty() || shaped_text == nullptr) return;
+  const ShapedText& shaped = *shaped_text;
   SetColour(cr, item.fore_color);
   for (std::size_t i = 0; i < shaped.lines.size(); ++i) {
     const ShapedLine& line = shaped.lines[i];
@@ -145,17 +174,11 @@ void PageDrawer::DrawLine(cairo_t* cr, const PageItem& item) {
   cairo_stroke(cr);
 }
 
-void PageDrawer::DrawBarcode(cairo_t* cr, const PageItem& item,
+void PageDrawer::DrawBarcode(cairo_t* cr, const PageItem& item, const BarcodeSymbol* prepared,
                              std::vector<std::string>& problems) {
-  if (item.text.empty()) return;
-  const std::string style = item.barcode_style.empty() ? "JapanPost" : item.barcode_style;
-  auto it = barcodes_.find(style + '\0' + item.text);
-  if (it == barcodes_.end()) {
-    if (barcodes_.size() >= kBarcodeCacheLimit) barcodes_.clear();
-    it = barcodes_.emplace(style + '\0' + item.text, EncodeBarcode(style, item.text)).first;
-  }
+  if (item.text.empty() || prepared == nullptr) return;
   Flush(cr);
-  const BarcodeSymbol& symbol = it->second;
+  const BarcodeSymbol& symbol = *prepared;
   if (!symbol.ok) {
     problems.push_back(item.name + ": " + symbol.message);
     return;

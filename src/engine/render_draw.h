@@ -3,6 +3,7 @@
 #include <cairo.h>
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -13,6 +14,16 @@
 
 namespace lupin::engine {
 
+// What drawing a page needs from Pango and zint, worked out ahead: per item of the page, its shaped
+// text or its bar code symbol (null for the other kinds).
+struct PagePreparation {
+  std::vector<std::shared_ptr<const ShapedText>> texts;
+  std::vector<std::shared_ptr<const BarcodeSymbol>> barcodes;
+};
+
+// Two halves that may run on two threads at once: Prepare (shaping, bar codes) on the thread that
+// lays the pages out, Draw (the cairo calls) on the thread that writes the surface. They touch
+// separate members.
 class PageDrawer {
  public:
   PageDrawer() = default;
@@ -20,22 +31,28 @@ class PageDrawer {
   PageDrawer(const PageDrawer&) = delete;
   PageDrawer& operator=(const PageDrawer&) = delete;
 
+  void Prepare(const Page& page, PagePreparation& preparation);
   // cr's user unit is one point, origin at the page's top-left. What cannot be drawn (a bar code
   // of bad data) is appended to problems and the rest of the page still drawn.
+  void Draw(cairo_t* cr, const Page& page, const PagePreparation& preparation, std::vector<std::string>& problems);
+  // Both halves on this thread.
   void Draw(cairo_t* cr, const Page& page, std::vector<std::string>& problems);
 
  private:
   void SetColour(cairo_t* cr, std::uint32_t rgb);
-  void DrawText(cairo_t* cr, const PageItem& item);
+  void DrawText(cairo_t* cr, const PageItem& item, const ShapedText* shaped);
   void DrawShape(cairo_t* cr, const PageItem& item);
   void DrawLine(cairo_t* cr, const PageItem& item);
-  void DrawBarcode(cairo_t* cr, const PageItem& item, std::vector<std::string>& problems);
+  void DrawBarcode(cairo_t* cr, const PageItem& item, const BarcodeSymbol* symbol, std::vector<std::string>& problems);
   // Glyphs of consecutive texts in one font and colour go out in one call: a PDF text operation
   // costs far more per call than per glyph.
   void Flush(cairo_t* cr);
 
+  // Prepare's half
   TextShaper shaper_;
-  std::unordered_map<std::string, BarcodeSymbol> barcodes_;
+  std::unordered_map<std::string, std::shared_ptr<const BarcodeSymbol>> barcodes_;
+  PagePreparation scratch_;  // the one-thread Draw's preparation, kept for its capacity
+  // Draw's half
   std::vector<cairo_glyph_t> glyphs_;  // pending, page coordinates
   cairo_scaled_font_t* glyph_font_ = nullptr;
   std::int64_t colour_ = -1;  // last source colour set on the current page

@@ -1,6 +1,7 @@
 #pragma once
 // PDF output: each page is written to the file as it arrives, so memory stays flat however long
-// the run. Fonts are embedded as subsets; text stays extractable.
+// the run. Fonts are embedded as subsets; text stays extractable. With two threads the cairo calls
+// of a page run on a writer thread while the caller lays out the next; the file is the same.
 #include <memory>
 #include <string>
 #include <vector>
@@ -9,9 +10,12 @@
 
 namespace lupin::engine {
 
+// Two when the machine has two cores; LUPIN_RENDER_THREADS=1 forces one.
+int DefaultRenderThreads();
+
 class PdfRenderer : public PageSink {
  public:
-  explicit PdfRenderer(std::string path);
+  explicit PdfRenderer(std::string path, int threads = DefaultRenderThreads());
   ~PdfRenderer() override;
   PdfRenderer(const PdfRenderer&) = delete;
   PdfRenderer& operator=(const PdfRenderer&) = delete;
@@ -29,6 +33,7 @@ class PdfRenderer : public PageSink {
   struct Impl;
   std::unique_ptr<Impl> impl_;
   std::string path_;
+  int threads_ = 1;
   int pages_ = 0;
   std::vector<std::string> problems_;
 };

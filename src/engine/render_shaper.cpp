@@ -123,15 +123,15 @@ ShapedText TextShaper::Build() {
   return shaped;
 }
 
-const ShapedText& TextShaper::Shape(std::string_view text, const FontSpec& font,
-                                    double wrap_width) {
+std::shared_ptr<const ShapedText> TextShaper::ShapeShared(std::string_view text, const FontSpec& font,
+                                                          double wrap_width) {
   AppendKey(key_, text, font, wrap_width);
   if (auto it = index_.find(key_); it != index_.end()) {
     order_.splice(order_.begin(), order_, it->second);
     return it->second->second;
   }
   SetLayout(text, font, wrap_width);
-  order_.emplace_front(key_, Build());
+  order_.emplace_front(key_, std::make_shared<const ShapedText>(Build()));
   index_.emplace(order_.front().first, order_.begin());
   if (order_.size() > cache_limit_) {
     index_.erase(order_.back().first);

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <list>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -44,13 +45,18 @@ struct ShapedText {
 // Shapes with one context and one layout for its whole life; not shared between threads.
 class TextShaper {
  public:
-  explicit TextShaper(std::size_t cache_limit = 20000);
+  // Captions and shop names stay warm; a season's names and addresses pass through.
+  explicit TextShaper(std::size_t cache_limit = 4096);
   ~TextShaper();
   TextShaper(const TextShaper&) = delete;
   TextShaper& operator=(const TextShaper&) = delete;
 
   // wrap_width in points; 0 or less keeps each paragraph on one line. CR LF breaks a line.
-  const ShapedText& Shape(std::string_view text, const FontSpec& font, double wrap_width);
+  const ShapedText& Shape(std::string_view text, const FontSpec& font, double wrap_width) {
+    return *ShapeShared(text, font, wrap_width);
+  }
+  // The same, held beyond the cache's life: for a page drawn on another thread.
+  std::shared_ptr<const ShapedText> ShapeShared(std::string_view text, const FontSpec& font, double wrap_width);
 
   // Logical width in points of the text on one line, the widest line when it holds breaks.
   double LineWidth(std::string_view text, const FontSpec& font);
@@ -63,9 +69,9 @@ class TextShaper {
   PangoLayout* layout_ = nullptr;
   std::size_t cache_limit_;
   // Least recently used entries leave first, so a long run keeps its captions warm.
-  std::list<std::pair<std::string, ShapedText>> order_;
-  std::unordered_map<std::string_view, std::list<std::pair<std::string, ShapedText>>::iterator>
-      index_;
+  using Entry = std::pair<std::string, std::shared_ptr<const ShapedText>>;
+  std::list<Entry> order_;
+  std::unordered_map<std::string_view, std::list<Entry>::iterator> index_;
   std::string key_;
   std::string scratch_;
 };

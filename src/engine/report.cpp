@@ -48,6 +48,8 @@ class RunState {
 
  private:
   bool Format(Section& section);
+  // Fires BeforePrint; a section it hides takes no room on the page.
+  bool BeforePrint(Section& section);
   void Bind(Section& section);
   Extent Measure(const Section& section);
   void Place(Section& section, std::int32_t x, std::int32_t y, const Extent& extent);
@@ -55,6 +57,7 @@ class RunState {
   void FlowDetail(Section& detail, const Extent& extent);
   void DetailPlaces();
   void Footers(std::size_t from_level);
+  void PairFooters();
   void FinishColumns();
   void EnsurePage();
   void OpenPage();
@@ -72,6 +75,7 @@ class RunState {
   Section* page_footer_ = nullptr;
   Section* report_footer_ = nullptr;
   std::vector<Section*> group_headers_, group_footers_;
+  std::vector<Section*> footer_of_level_;  // the footer that closes each group level, or nullptr
 
   Page page_;
   std::vector<int> deferred_;  // items of page_ that wait for the page count
@@ -119,13 +123,19 @@ Extent RunState::Measure(const Section& section) {
       height = std::max(height, static_cast<std::int32_t>(std::ceil(static_cast<double>(lines.size()) * line_height)));
       extent.height = std::max(extent.height, control->Top + height);
     }
+    // Controls added at run time (the list's payment labels) make their section as tall as they need.
+    if (control->Visible) extent.height = std::max(extent.height, control->Top + height);
     extent.heights.push_back(height);
   }
   return extent;
 }
 
-void RunState::Place(Section& section, std::int32_t x, std::int32_t y, const Extent& extent) {
+bool RunState::BeforePrint(Section& section) {
   if (section.BeforePrint) section.BeforePrint();
+  return section.Visible && section.PrintSection;
+}
+
+void RunState::Place(Section& section, std::int32_t x, std::int32_t y, const Extent& extent) {
   const std::size_t first_item = page_.items.size();
   for (const auto& control : section.Controls()) {
     PageItem item;
@@ -186,13 +196,13 @@ void RunState::OpenPage() {
   if (page_footer_ && page_footer_->Visible) body_bottom_ -= page_footer_->Height;
   if (first_page_) {
     first_page_ = false;
-    if (report_header_ && Format(*report_header_)) {
+    if (report_header_ && Format(*report_header_) && BeforePrint(*report_header_)) {
       const Extent extent = Measure(*report_header_);
       Place(*report_header_, report_.PageSettings.Left, y_, extent);
       y_ += extent.height;
     }
   }
-  if (page_header_ && Format(*page_header_)) {
+  if (page_header_ && Format(*page_header_) && BeforePrint(*page_header_)) {
     const Extent extent = Measure(*page_header_);
     Place(*page_header_, report_.PageSettings.Left, y_, extent);
     y_ += extent.height;
@@ -203,7 +213,7 @@ void RunState::OpenPage() {
 void RunState::ClosePage() {
   if (!page_open_) return;
   FinishColumns();
-  if (page_footer_ && Format(*page_footer_)) Place(*page_footer_, report_.PageSettings.Left, body_bottom_, Measure(*page_footer_));
+  if (page_footer_ && Format(*page_footer_) && BeforePrint(*page_footer_)) Place(*page_footer_, report_.PageSettings.Left, body_bottom_, Measure(*page_footer_));
   page_open_ = false;
   ++pages_;
   if (spool_)
@@ -224,7 +234,7 @@ void RunState::Flow(Section& section) {
   if (!section.Visible || !section.PrintSection) return;
   // The page (and its header) comes before the section's own Format, as a reader expects.
   EnsurePage();
-  if (!Format(section)) return;
+  if (!Format(section) || !BeforePrint(section)) return;
   const Extent extent = Measure(section);
   FinishColumns();
   if (BreaksBefore(section.PageBreak) && y_ > body_top_) {
@@ -313,7 +323,7 @@ void RunState::DetailPlaces() {
     report_.LayoutAction = LayoutAction::Default;
     if (detail.Visible && detail.PrintSection) {
       EnsurePage();
-      if (Format(detail)) FlowDetail(detail, Measure(detail));
+      if (Format(detail) && BeforePrint(detail)) FlowDetail(detail, Measure(detail));
     }
     if (++kept > kMaxKeptPlaces)
       throw ReportFault(kFaultLayoutLoop, "Detail が同じレコードのまま配置を繰り返しています。");
@@ -321,10 +331,22 @@ void RunState::DetailPlaces() {
 }
 
 void RunState::Footers(std::size_t from_level) {
-  const std::size_t levels = group_headers_.size();
-  for (std::size_t level = levels; level-- > from_level;) {
-    const std::size_t footer = group_footers_.size() - 1 - level;
-    if (level < group_footers_.size()) Flow(*group_footers_[footer]);
+  for (std::size_t level = footer_of_level_.size(); level-- > from_level;)
+    if (footer_of_level_[level] != nullptr) Flow(*footer_of_level_[level]);
+}
+
+void RunState::PairFooters() {
+  // A footer names its header; without names, footers close the headers innermost first.
+  const bool named = std::any_of(group_footers_.begin(), group_footers_.end(),
+                                 [](const Section* footer) { return !footer->HeaderName.empty(); });
+  footer_of_level_.assign(group_headers_.size(), nullptr);
+  for (std::size_t level = 0; level < group_headers_.size(); ++level) {
+    if (named) {
+      for (Section* footer : group_footers_)
+        if (EqualsNoCase(footer->HeaderName, group_headers_[level]->Name)) footer_of_level_[level] = footer;
+    } else if (level < group_footers_.size()) {
+      footer_of_level_[level] = group_footers_[group_footers_.size() - 1 - level];
+    }
   }
 }
 
@@ -345,6 +367,7 @@ void RunState::Execute() {
     for (const auto& control : section->Controls())
       if (control->Summary == SummaryType::PageCount && !spool_) spool_ = std::make_unique<PageSpool>();
   }
+  PairFooters();
   SheetSize(report_.Printer, sheet_width_, sheet_height_);
   sink_.Begin(DocumentInfo{report_.Name(), report_.DocumentTitle});
   begun_ = true;

@@ -55,6 +55,7 @@ Section::Section(const Section& other)
       PrintSection(other.PrintSection),
       PageBreak(other.PageBreak),
       DataField(other.DataField),
+      HeaderName(other.HeaderName),
       ColumnCount(other.ColumnCount),
       Direction(other.Direction),
       ColumnSpacing(other.ColumnSpacing),
@@ -69,6 +70,7 @@ void Section::ResetTo(const Section& design) {
   PrintSection = design.PrintSection;
   PageBreak = design.PageBreak;
   DataField = design.DataField;
+  HeaderName = design.HeaderName;
   ColumnCount = design.ColumnCount;
   Direction = design.Direction;
   ColumnSpacing = design.ColumnSpacing;

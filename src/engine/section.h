@@ -59,6 +59,8 @@ class Section {
   NewPage PageBreak = NewPage::None;
   // Group header: the field (a column or a calculated field) whose change starts a new group.
   std::string DataField;
+  // Group footer: the name of the group header it closes; empty pairs by position.
+  std::string HeaderName;
   // Detail on label sheets: columns per row and their direction; the column width is the print
   // width shared out less the spacing.
   int ColumnCount = 1;

@@ -32,6 +32,9 @@ bool IsFileReport(std::int32_t report_no);
 bool IsCollectReport(std::int32_t report_no);
 // Customer reports are decided by the definition's OTHER_TBL_NAME, not by the number.
 bool IsCustomerReport(std::string_view other_tbl_name);
+// The query builder and the print list switch to customers on any OTHER_TBL_NAME, not only on
+// "CUSTOMER": the name works as a switch, and CUSTOMER is read whatever it names.
+inline bool ListsCustomers(std::string_view other_tbl_name) { return !other_tbl_name.empty(); }
 // The ledger stores file numbers mapped: 89 → 95, 96 and 104 → 91, 97 → 90.
 std::int32_t LedgerReportNo(std::int32_t report_no);
 // 9-15: mail texts; they yield no report object and no message.

@@ -7,6 +7,7 @@
 #include "common/settings.h"
 #include "db/connection.h"
 #include "entry/report_definition.h"
+#include "entry/run_values.h"
 
 namespace lupin::entry {
 
@@ -15,6 +16,11 @@ struct LoginRecord {
   std::string user;                // login user text, passed to the list programs
   std::int16_t number = 0;         // login user number
   std::string client_name;         // CLIENT_NAME: the staging key of every work table
+};
+
+// What the selection form hands on to the report of its run.
+struct RunValues {
+  std::string shop;  // the shop chosen in cboShop_id; "" for all shops
 };
 
 struct Context {
@@ -30,6 +36,7 @@ struct Context {
   int dialect = 1;                       // ResouceMode
   float tax_rate = 0.05f;                // setting Tax
   ReportDefinition current;              // filled by LoadReportDefinition
+  RunValues run;                         // filled by the selection form's cmdSelect
 
   db::Connection& Db() const;            // throws DbError when no connection was handed over
   const std::string& ClientName() const { return login.client_name; }

@@ -1,5 +1,9 @@
 #include "entry/lupns6pt.h"
 
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cstdlib>
 #include <stdexcept>
 
 #include "common/files.h"
@@ -7,7 +11,15 @@
 namespace lupin::entry {
 
 std::filesystem::path DefaultComponentDirectory(const settings::StorePaths& stores) {
-  return stores.user_ini.parent_path();
+  (void)stores;
+  const auto folder = [](const std::filesystem::path& data) { return data / "Veltrona" / "LupinOrder6"; };
+  if (const char* data = std::getenv("XDG_DATA_HOME"); data != nullptr && *data == '/') return folder(data);
+  const char* home = std::getenv("HOME");
+  if (home == nullptr || *home == '\0') {
+    const passwd* entry = ::getpwuid(::getuid());
+    home = entry != nullptr ? entry->pw_dir : "/";
+  }
+  return folder(std::filesystem::path(home) / ".local" / "share");
 }
 
 Lupns6pt::Lupns6pt() : Lupns6pt(settings::StorePaths::Default(), {}) {}

@@ -20,7 +20,9 @@ class LoginInfoSource {
   virtual std::string ClientName() const = 0;
 };
 
-// The component directory when the host names none: the folder of the user settings file.
+// The component directory when the host names none: one well-known folder per user,
+// $XDG_DATA_HOME (or ~/.local/share)/Veltrona/LupinOrder6, the one init and the demo use; never
+// the folder a process was started from. The stores do not move it.
 std::filesystem::path DefaultComponentDirectory(const settings::StorePaths& stores);
 
 class Lupns6pt {

@@ -2,9 +2,9 @@
 
 #include <array>
 #include <string_view>
-#include <vector>
 
-#include "exchange/csv_quoted_line.h"
+#include "exchange/csv_line.h"
+#include "exchange/numbered_fields.h"
 
 namespace lupin::exchange {
 namespace {
@@ -23,19 +23,7 @@ constexpr std::array<std::string_view, 75> kEhiden3Header = {
     "編集０２", "編集０３", "編集０４", "編集０５", "編集０６", "編集０７", "編集０８", "編集０９", "編集１０",
 };
 
-// Fields by their 1-based number; the ones never set stay empty.
-class Fields {
- public:
-  explicit Fields(int count) : values_(static_cast<std::size_t>(count)) {}
-  void Set(int no, std::string value) { values_[static_cast<std::size_t>(no - 1)] = std::move(value); }
-  void SetRun(int first, const auto& values) {
-    for (const auto& value : values) Set(first++, value);
-  }
-  const std::vector<std::string>& Values() const { return values_; }
-
- private:
-  std::vector<std::string> values_;
-};
+using Fields = NumberedFields;
 
 void Ehiden1(Fields& f, const EhidenOrder& o) {
   f.SetRun(2, o.lines);
@@ -110,7 +98,7 @@ void Ehiden3(Fields& f, const EhidenOrder& o, const EhidenOptions& options) {
 int EhidenFieldCount(EhidenGeneration generation) { return generation == EhidenGeneration::III ? 74 : 39; }
 
 void AppendEhiden3Header(std::string& out) {
-  AppendQuotedLine(out, std::span<const std::string_view>(kEhiden3Header));
+  AppendQuotedLine(out, kEhiden3Header);
 }
 
 void AppendEhidenLine(std::string& out, const EhidenOrder& order, const EhidenOptions& options,

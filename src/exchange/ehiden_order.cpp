@@ -8,17 +8,16 @@
 namespace lupin::exchange {
 namespace {
 
-constexpr std::string_view kWideSpace = "\xE3\x80\x80";
 
 std::string Field(const db::Recordset& row, std::string_view name) { return row[name].Text(); }
 
 // A recipient text: trimmed, line breaks as a full-width space, full-width.
-std::string RecipientText(std::string_view value) { return WideEach(ReplaceCrLf(EhidenTrim(value), kWideSpace)); }
-// A recipient telephone or postcode: line breaks removed.
-std::string RecipientNumber(std::string_view value) { return WideEach(ReplaceCrLf(EhidenTrim(value), "")); }
+std::string RecipientText(std::string_view value) { return WideEach(ReplaceCrLf(TrimBlanks(value), kWideSpace)); }
+// A recipient telephone or postcode: a number, so half-width, line breaks removed, before any cut.
+std::string RecipientNumber(std::string_view value) { return NarrowEach(ReplaceCrLf(TrimBlanks(value), "")); }
 
 std::string DateField(const db::Recordset& row, std::string_view name) {
-  const std::string value = EhidenTrim(Field(row, name));
+  const std::string value = TrimBlanks(Field(row, name));
   return value.empty() ? value : vb::FormatText(value, "yyyyMMdd");
 }
 
@@ -78,15 +77,15 @@ void FillItems(const db::Recordset& row, const std::string& item_name, EhidenOrd
 }  // namespace
 
 EhidenSenderTexts EhidenSenderTexts::From(const std::array<std::string, 5>& fld_txt) {
-  return {EhidenTrim(fld_txt[0]), EhidenTrim(fld_txt[1]), EhidenTrim(fld_txt[2]), EhidenTrim(fld_txt[3]),
-          EhidenTrim(fld_txt[4])};
+  return {TrimBlanks(fld_txt[0]), TrimBlanks(fld_txt[1]), TrimBlanks(fld_txt[2]), TrimBlanks(fld_txt[3]),
+          TrimBlanks(fld_txt[4])};
 }
 
 EhidenOrderResult ReadEhidenOrder(const db::Recordset& row, const EhidenGridCells& cells, bool atena,
                                   const EhidenSetup& setup) {
   EhidenOrderResult result;
   EhidenOrder& order = result.order;
-  order.is_gift = !EhidenTrim(Field(row, "贈答先氏名")).empty();
+  order.is_gift = !TrimBlanks(Field(row, "贈答先氏名")).empty();
   order.is_cod = IsCashOnDelivery(Field(row, "支払方法"));
 
   const Recipient to = ReadRecipient(row, cells, order.is_gift);
@@ -108,7 +107,7 @@ EhidenOrderResult ReadEhidenOrder(const db::Recordset& row, const EhidenGridCell
   }
   order.zip = CutBytes(8, to.zip);
   order.lines = DistributeAddress(to.address, to.company, to.department, to.name);
-  order.id = CutBytes(16, EhidenTrim(Field(row, "ID")));
+  order.id = CutBytes(16, TrimBlanks(Field(row, "ID")));
   order.shipper_tel = CutBytes(14, NarrowEach(OrFallback(setup.sender.tel, row, "ショップ電話番号")));
   FillSender(row, !atena && order.is_gift, setup, order);
   FillItems(row, setup.item_name, order);
@@ -116,7 +115,7 @@ EhidenOrderResult ReadEhidenOrder(const db::Recordset& row, const EhidenGridCell
   order.planned_ship_date = DateField(row, "出荷予定日");
   order.time_zone = TimeZoneCode(Field(row, "配達時間帯"), setup.generation, setup.sender.evening.empty());
   if (order.is_cod) {
-    order.amount = EhidenTrim(cells.amount);
+    order.amount = TrimBlanks(cells.amount);
     order.tax = std::string(cells.tax);
   }
   if (setup.generation == EhidenGeneration::I) {

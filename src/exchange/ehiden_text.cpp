@@ -1,73 +1,13 @@
 #include "exchange/ehiden_text.h"
 
 #include "common/text.h"
-#include "common/width.h"
 
 namespace lupin::exchange {
-namespace {
-
-constexpr std::string_view kWideSpace = "\xE3\x80\x80";  // U+3000
-
-bool StartsWithSpace(std::string_view text, std::size_t& length) {
-  if (text.starts_with(' ')) return length = 1, true;
-  if (text.starts_with(kWideSpace)) return length = kWideSpace.size(), true;
-  return false;
-}
-
-bool EndsWithSpace(std::string_view text, std::size_t& length) {
-  if (text.ends_with(' ')) return length = 1, true;
-  if (text.ends_with(kWideSpace)) return length = kWideSpace.size(), true;
-  return false;
-}
-
-}  // namespace
-
-std::string EhidenTrim(std::string_view text) {
-  std::size_t length = 0;
-  while (StartsWithSpace(text, length)) text.remove_prefix(length);
-  while (EndsWithSpace(text, length)) text.remove_suffix(length);
-  return std::string(text);
-}
-
-std::string ReplaceCrLf(std::string_view text, std::string_view with) {
-  std::string out;
-  out.reserve(text.size());
-  std::size_t from = 0;
-  for (std::size_t at = text.find("\r\n"); at != std::string_view::npos; at = text.find("\r\n", from)) {
-    out.append(text.substr(from, at - from)).append(with);
-    from = at + 2;
-  }
-  out.append(text.substr(from));
-  return out;
-}
-
-std::string WideEach(std::string_view text) {
-  std::u32string chars = text::ToU32(text);
-  for (char32_t& c : chars) {
-    // Each character alone, so a following voiced mark is never joined to it.
-    std::size_t pos = 0;
-    c = text::TakeWide(std::u32string_view(&c, 1), pos);
-  }
-  return text::FromU32(chars);
-}
-
-std::string NarrowEach(std::string_view text) { return text::ToNarrow(text); }
-
-std::string CutBytes(int width, std::string_view text, bool remove_hyphens) {
-  if (EhidenTrim(text).empty()) return {};
-  if (text::ByteLen(text) <= width) return std::string(text);
-  std::string cut(text);
-  if (remove_hyphens) {
-    std::erase(cut, '-');
-    if (text::ByteLen(cut) <= width) return cut;
-  }
-  return text::ByteLeft(cut, width);
-}
 
 std::string Split16(std::string_view text, int part) {
-  if (EhidenTrim(text).empty() || part < 0 || part > 2) return {};
+  if (TrimBlanks(text).empty() || part < 0 || part > 2) return {};
   if (part == 0) return text::CharLeft(text, 16);
-  return text::CharLeft(EhidenTrim(text::CharMid(text, 1 + 16 * part)), 16);
+  return text::CharLeft(TrimBlanks(text::CharMid(text, 1 + 16 * part)), 16);
 }
 
 std::array<std::string, 5> DistributeAddress(std::string_view address, std::string_view company,

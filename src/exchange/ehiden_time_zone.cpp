@@ -24,7 +24,7 @@ int LeadingHour(std::string_view narrow) {
 }  // namespace
 
 std::string TimeZoneCode(std::string_view delivery_time, EhidenGeneration generation, bool evening_text_empty) {
-  const std::string trimmed = EhidenTrim(delivery_time);
+  const std::string trimmed = TrimBlanks(delivery_time);
   if (trimmed.empty() || trimmed == "指定無し" || trimmed == "指定なし") return {};
   if (trimmed == "午前中") return "01";
   const std::string narrow = NarrowEach(trimmed);

@@ -1,6 +1,7 @@
 #include "layout/format_apply.h"
 
 #include <cstdio>
+#include <exception>
 #include <vector>
 
 #include "common/text.h"
@@ -24,6 +25,20 @@ void ShowUnlessHidden(engine::Control& control, bool show) {
   if (show && control.Tag != kHiddenTag) control.Visible = true;
 }
 
+namespace {
+
+// Each statement of a row on its own: a fault (a property the control lacks, a value no position
+// can hold) skips that statement only, and the next one goes on.
+template <typename Statement>
+void ResumeNext(Statement&& statement) {
+  try {
+    statement();
+  } catch (const std::exception&) {
+  }
+}
+
+}  // namespace
+
 void ApplyReportFormat(engine::Report& report, std::string_view file_name, const clsRptFmtConstat& constants) {
   const std::filesystem::path path = constants.ReportFormatDirName() / std::string(file_name);
   clsRptFmtParser parser;
@@ -34,24 +49,23 @@ void ApplyReportFormat(engine::Report& report, std::string_view file_name, const
     const clsRptFmtRow& row = rows[static_cast<std::size_t>(index)];
     // A name with any double-byte character never reaches the report.
     if (row.Name.empty() || text::ByteLen(row.Name) != text::CharLen(row.Name)) continue;
-    try {
-      engine::Control* control = report.Detail().Controls().Item(row.Name);
-      if (control == nullptr) {
-        control = &AddLabelControl(report, row.Name);
-        if (!row.Text.empty()) control->Caption = row.Text;
-      }
-      control->Visible = row.Visible;
-      if (!row.Visible) control->Tag = kHiddenTag;
-      // Shapes and lines have no font: the set fails and is ignored, as every failed set here.
-      if (!row.FontName.empty()) control->SetProperty("Font.Name", row.FontName);
-      if (row.FontSize > 0) control->SetProperty("Font.Size", std::to_string(row.FontSize));
-      if (row.Width > 0) control->Width = engine::MmToTwips(row.Width);
-      if (row.Height > 0) control->Height = engine::MmToTwips(row.Height);
-      control->Left = engine::MmToTwips(row.Left);
-      control->Top = engine::MmToTwips(row.Top);
-      for (int pair = 0; pair <= row.OtherUBound(); ++pair) control->SetProperty(row.GetOther(0, pair), row.GetOther(1, pair));
-    } catch (...) {
-      // A bad value leaves the control as far as it got; the next row goes on.
+    engine::Control* control = report.Detail().Controls().Item(row.Name);
+    if (control == nullptr) {
+      control = &AddLabelControl(report, row.Name);
+      if (!row.Text.empty()) control->Caption = row.Text;
+    }
+    engine::Control& c = *control;
+    c.Visible = row.Visible;
+    if (!row.Visible) c.Tag = kHiddenTag;
+    // Shapes and lines have no font: the set fails and is skipped.
+    if (!row.FontName.empty()) ResumeNext([&] { c.SetProperty("Font.Name", row.FontName); });
+    if (row.FontSize > 0) ResumeNext([&] { c.SetProperty("Font.Size", std::to_string(row.FontSize)); });
+    if (row.Width > 0) ResumeNext([&] { c.Width = engine::MmToTwips(row.Width); });
+    if (row.Height > 0) ResumeNext([&] { c.Height = engine::MmToTwips(row.Height); });
+    ResumeNext([&] { c.Left = engine::MmToTwips(row.Left); });
+    ResumeNext([&] { c.Top = engine::MmToTwips(row.Top); });
+    for (int pair = 0; pair <= row.OtherUBound(); ++pair) {
+      ResumeNext([&] { c.SetProperty(row.GetOther(0, pair), row.GetOther(1, pair)); });
     }
   }
 }

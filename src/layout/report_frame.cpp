@@ -18,7 +18,8 @@ std::string ReportFrame::WorkstationRestriction() const {
 }
 
 void ReportFrame::OpenData(std::string_view sql) {
-  db::Recordset recordset = context_.Db().Open(sql);
+  // Streamed: a season's run holds two rows of its data, not all of them.
+  db::Recordset recordset = context_.Db().OpenForward(sql);
   if (!recordset.Eof()) recordset.MoveFirst();
   DataControl1.Recordset = std::move(recordset);
 }

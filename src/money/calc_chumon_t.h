@@ -29,7 +29,8 @@ class clsCalcChumonT {
   void SetDb(db::Connection& connection, int dialect = 0);
   void SetId(std::int32_t id) { id_ = id; }
 
-  // Calculates the order and rewrites its CHUMON_T row (delete, then insert, no transaction).
+  // Calculates the order and rewrites its CHUMON_T row (delete, then insert; in a transaction of
+  // their own unless the caller has one open).
   // Database errors, a missing order (end of data), vb::OverflowError and DivisionByZeroError are
   // raised; the nine results then keep the values of the previous run.
   void Calc();

@@ -41,6 +41,14 @@ int DigitOf(char32_t ch) {
 
 bool IsZeroSign(char32_t ch) { return ch == U'〇' || ch == U'０'; }
 
+// The digit a character stands for when a number is written digit by digit: a plain numeral, a
+// formal one that stands for one digit (弐, 参), or a zero sign; -1 for anything else.
+int PositionalDigit(char32_t ch) {
+  if (IsZeroSign(ch)) return 0;
+  if (const DaijiForm* d = FindDaiji(ch); d != nullptr && d->plain.size() == 1) return DigitOf(d->plain.front());
+  return DigitOf(ch);
+}
+
 bool IsPlainKansuji(char32_t ch) {
   return DigitOf(ch) >= 0 || ch == U'十' || ch == U'百' || ch == U'千' || ch == U'万' ||
          ch == U'億' || ch == U'兆' || FindDaiji(ch) != nullptr;
@@ -114,16 +122,14 @@ std::string KansujiToDigits(std::string_view text) {
   return first == std::string::npos ? "0" : digits.substr(first);
 }
 
-bool IsKansujiChar(char32_t ch, char32_t next) {
-  if (IsZeroSign(ch)) return IsPlainKansuji(next) || IsZeroSign(next);
-  return IsPlainKansuji(ch);
-}
-
-bool IsKansujiChar(std::string_view ch, std::string_view next) {
-  const std::u32string c = text::ToU32(ch);
-  const std::u32string n = text::ToU32(next);
-  if (c.empty()) return false;
-  return IsKansujiChar(c.front(), n.empty() ? U'\0' : n.front());
+bool IsKansujiChar(std::u32string_view text, std::size_t pos) {
+  // A zero sign takes its company's answer, and a run of them the answer of the first character
+  // before the run: "〇〇X" is no number, "二〇〇" is one.
+  while (pos < text.size() && IsZeroSign(text[pos])) {
+    if (pos == 0) return false;
+    --pos;
+  }
+  return pos < text.size() && IsPlainKansuji(text[pos]);
 }
 
 void FillPositional(std::string& text) {
@@ -133,20 +139,16 @@ void FillPositional(std::string& text) {
   std::u32string out;
   std::size_t i = 0;
   while (i < in.size()) {
-    // A run of single digits, 〇 and ０ counting as 0.
+    // A run of single digits, plain or formal, 〇 and ０ counting as 0.
     std::size_t end = i;
     bool has_zero_sign = false;
-    while (end < in.size() && (IsZeroSign(in[end]) || DigitOf(in[end]) >= 0)) {
+    bool all_zero = true;
+    while (end < in.size() && PositionalDigit(in[end]) >= 0) {
       has_zero_sign = has_zero_sign || IsZeroSign(in[end]);
+      all_zero = all_zero && PositionalDigit(in[end]) == 0;
       ++end;
     }
     const std::size_t length = end - i;
-    const bool all_zero = [&] {
-      for (std::size_t k = i; k < end; ++k) {
-        if (!IsZeroSign(in[k]) && DigitOf(in[k]) > 0) return false;
-      }
-      return true;
-    }();
     // Only a positional number needs units; beyond 兆 groups there is no unit to give.
     if (length < 2 || !has_zero_sign || all_zero || length > 16) {
       out.append(in, i, std::max<std::size_t>(length, 1));
@@ -156,7 +158,7 @@ void FillPositional(std::string& text) {
     bool group_has_digit = false;
     for (std::size_t k = i; k < end; ++k) {
       const std::size_t place = end - 1 - k;
-      const int digit = IsZeroSign(in[k]) ? 0 : DigitOf(in[k]);
+      const int digit = PositionalDigit(in[k]);
       if (digit > 0) {
         out.push_back(kDigits[static_cast<std::size_t>(digit)]);
         out.append(kSmallUnits[place % 4]);

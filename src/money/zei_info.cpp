@@ -17,6 +17,7 @@ db::Connection& Require(db::Connection* connection) {
 }  // namespace
 
 void clsZeiInfo::SetDb(db::Connection& connection, int dialect) {
+  generations_.clear();
   connection_ = &connection;
   dialect_ = dialect;
   db::Recordset rs = connection.Open(std::string("SELECT") + " MIN([FROM_DATE]) AS MINDATE" +
@@ -29,25 +30,29 @@ void clsZeiInfo::SetDb(db::Connection& connection, int dialect) {
 }
 
 void clsZeiInfo::GetData() {
-  db::Recordset rs = Require(connection_).Open(
-      std::string("SELECT") + " MAIN.[REDUCEDKBN]" + ",MAIN.[RATE]" + ",MAIN.[OLDRATE]" +
-      " FROM [TAX] MAIN" + " WHERE MAIN.[FROM_DATE] = (" + "SELECT" + " MAX(SUB.[FROM_DATE])" +
-      " FROM [TAX] SUB" + " WHERE SUB.[FROM_DATE] <= " + TaxDateLiteral(dialect_, kijyun_) + ")" +
-      " ORDER BY MAIN.[REDUCEDKBN]");
-  // No row leaves the previous arrays standing: callers rely on the last rates surviving.
-  bool first = true;
-  while (!rs.Eof()) {
-    if (first) {
-      kinds_.clear();
-      rates_.clear();
-      old_rates_.clear();
-      first = false;
+  const std::string statement = std::string("SELECT") + " MAIN.[REDUCEDKBN]" + ",MAIN.[RATE]" + ",MAIN.[OLDRATE]" +
+                                " FROM [TAX] MAIN" + " WHERE MAIN.[FROM_DATE] = (" + "SELECT" + " MAX(SUB.[FROM_DATE])" +
+                                " FROM [TAX] SUB" + " WHERE SUB.[FROM_DATE] <= " + TaxDateLiteral(dialect_, kijyun_) + ")" +
+                                " ORDER BY MAIN.[REDUCEDKBN]";
+  auto cached = generations_.find(statement);
+  if (cached == generations_.end()) {
+    db::Connection& connection = Require(connection_);
+    Generation generation;
+    for (db::Recordset rs = connection.Open(statement); !rs.Eof(); rs.MoveNext()) {
+      generation.found = true;
+      generation.kinds.push_back(vb::CInt(rs["REDUCEDKBN"].Number()));
+      generation.rates.push_back(vb::Currency::FromDouble(rs["RATE"].Number() / 100));
+      generation.old_rates.push_back(vb::Currency::FromDouble(rs["OLDRATE"].Number() / 100));
     }
-    kinds_.push_back(vb::CInt(rs["REDUCEDKBN"].Number()));
-    rates_.push_back(vb::Currency::FromDouble(rs["RATE"].Number() / 100));
-    old_rates_.push_back(vb::Currency::FromDouble(rs["OLDRATE"].Number() / 100));
-    rs.MoveNext();
+    if (generations_.size() >= kGenerationCacheLimit) generations_.clear();
+    cached = generations_.emplace(statement, std::move(generation)).first;
   }
+  // No row leaves the previous arrays standing: callers rely on the last rates surviving.
+  const Generation& generation = cached->second;
+  if (!generation.found) return;
+  kinds_ = generation.kinds;
+  rates_ = generation.rates;
+  old_rates_ = generation.old_rates;
 }
 
 int clsZeiInfo::FindKind(std::int16_t kind) const {

@@ -1,11 +1,14 @@
 #pragma once
 // Which consumption-tax rates were in force on a reference date, from the TAX table.
 #include <cstdint>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "common/currency.h"
 #include "common/vb.h"
 #include "db/connection.h"
+#include "money/order_tax.h"
 
 namespace lupin::money {
 
@@ -24,7 +27,9 @@ class clsZeiInfo {
   vb::DateSerial Kijyun() const { return kijyun_; }
   void SetKijyun(vb::DateSerial date) { kijyun_ = date; }
 
-  // Loads the youngest generation starting on or before Kijyun, in REDUCEDKBN order.
+  // Loads the youngest generation starting on or before Kijyun, in REDUCEDKBN order. What a date
+  // gave is kept for the object's life (TAX does not change while orders are calculated; a
+  // season's orders share a few hundred dates): SetDb starts afresh.
   void GetData();
 
   bool IsExistReduced() const;
@@ -32,9 +37,18 @@ class clsZeiInfo {
   vb::Currency NormalRate() const;     // first row of kind 0, else 0
   vb::Currency ReducedRate() const;    // first row of kind 1, else 0
   vb::Currency OldNormalRate() const;  // OLDRATE of the first row of kind 0, else 0
+  TaxRates Rates() const { return {NormalRate(), ReducedRate(), OldNormalRate(), IsExistReduced()}; }
 
  private:
   int FindKind(std::int16_t kind) const;  // index of the first row of that kind, or -1
+
+  struct Generation {
+    bool found = false;  // no row leaves the previous rates standing
+    std::vector<std::int16_t> kinds;
+    std::vector<vb::Currency> rates, old_rates;
+  };
+  static constexpr std::size_t kGenerationCacheLimit = 4096;
+  std::unordered_map<std::string, Generation> generations_;  // by statement text
 
   db::Connection* connection_ = nullptr;
   int dialect_ = 0;

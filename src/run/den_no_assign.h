@@ -20,8 +20,9 @@ struct DenNoResult {
   std::string error;  // for the log of a batch run; the form shows nothing
 };
 
-// count is the number of records the printed report read.
+// count is the number of records the printed report read. The staged orders are numbered in the
+// print list's order (list_sort: the ListSort setting), the order the slips were printed in.
 DenNoResult AssignDenNo(db::Connection& connection, std::string_view client_name, std::string_view start_number,
-                        bool re_den_no, int count);
+                        bool re_den_no, int count, std::string_view list_sort = "");
 
 }  // namespace lupin::run

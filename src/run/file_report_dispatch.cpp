@@ -1,8 +1,6 @@
 #include "run/file_report_dispatch.h"
 
-#include "exchange/ehiden_export.h"
-
-#include "exchange/ehiden_export.h"
+#include "entry/catalogue.h"
 
 namespace lupin::run {
 
@@ -28,9 +26,9 @@ FileReportTarget FileReportTargetOf(const entry::Context& context, std::int32_t 
 }
 
 std::unique_ptr<exchange::FileWriter> FileWriterFor(std::int32_t report_no) {
-  // The writers join here as the exchange folder provides them.
-  if (auto writer = exchange::EhidenWriterFor(report_no)) return writer;
-  return nullptr;
+  const auto& entry = entry::CatalogueOf(report_no);
+  if (entry.output != entry::OutputKind::File) return nullptr;
+  return exchange::MakeFileWriter(entry.object);
 }
 
 std::string MissingWriterMessage(std::int32_t report_no) {

@@ -22,7 +22,8 @@ struct FileReportTarget {
 
 FileReportTarget FileReportTargetOf(const entry::Context& context, std::int32_t report_no);
 
-// The writer of a file report, or null when that writer is not part of this build yet.
+// The writer of a file report, found by the catalogue's object name; null when that writer is not
+// part of this build.
 std::unique_ptr<exchange::FileWriter> FileWriterFor(std::int32_t report_no);
 
 // The message for a file report whose writer is missing.

@@ -2,6 +2,8 @@
 // The print run without windows: the selection form, the print list and the print command driven
 // from options, one option per control. Messages a window would show go to the error stream.
 #include <cstdint>
+#include <filesystem>
+#include <string_view>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -9,11 +11,27 @@
 #include <vector>
 
 #include "entry/ui.h"
+#include "run/option_values.h"
 #include "run/preview_runner.h"
 
 namespace lupin::run {
 
-using Range = std::pair<std::string, std::string>;  // FROM:TO, either side may be empty
+// The exit codes of every lupinprint subcommand.
+enum ExitCode : int {
+  kExitDone = 0,
+  kExitStopped = 1,     // the run stopped on a message of the system (validation, a bad row)
+  kExitNotOpened = 2,   // the database or an output could not be opened
+  kExitNothing = 3,     // nothing to print or export: the list is empty or nothing is checked
+  kExitUsage = 64,      // bad command-line usage: an option or its value is not one the command takes
+};
+
+// The component folder when none is named: $XDG_DATA_HOME (or ~/.local/share)/Veltrona/LupinOrder6,
+// the folder init and the demo use. Never the current directory.
+std::filesystem::path DefaultComponentHome();
+
+// For a "sqlite:PATH" whose file does not exist, the refusal; "" otherwise. Only init creates a
+// database.
+std::string MissingSqliteDatabase(std::string_view url);
 
 struct RunOptions {
   // Context.
@@ -21,9 +39,9 @@ struct RunOptions {
   std::string login_user;
   std::int16_t login_number = 0;
   std::string client_name;
-  std::string home;           // component directory
+  std::string home;           // component directory; empty: DefaultComponentHome()
   std::string settings_dir;   // folder of the three settings stores
-  std::vector<std::pair<std::string, std::string>> settings;  // written before the run
+  std::vector<std::pair<std::string, std::string>> settings;  // for this run only; the stores stay
   std::string command;
 
   // Selection form.
@@ -46,14 +64,12 @@ struct RunOptions {
   bool sql_only = false;
   bool json = false;
   bool book = false;
-  bool quiet = false;         // no table
+  bool quiet = false;         // no table; warnings still go to the error stream
+  bool terminal = false;      // the error stream is a terminal: progress lines are redrawn there
 
   // Pages: the preview files, and the print command (outputs.print, which books first).
   PreviewOutputs outputs;
 };
-
-// Parses "FROM:TO"; a missing colon gives FROM:FROM.
-Range ParseRange(const std::string& text);
 
 // A Ui for batch runs: every message goes to the error stream, "caption: text".
 class StreamUi : public entry::Ui {
@@ -67,9 +83,9 @@ class StreamUi : public entry::Ui {
   std::ostream& err_;
 };
 
-// Runs one print run; returns the process exit code (0 done, 1 stopped with a message, 2 a usage
-// or environment fault). runner: the report engine's hook; null takes the registered one for
-// options.outputs, and without one runs the bookkeeping only.
+// Runs one print run; returns an ExitCode. The list, the statement or the filters go to out (data
+// only); messages, warnings and "出力しました: FILE" lines to err. runner: the report engine's hook;
+// null takes the registered one for options.outputs.
 int RunHeadless(const RunOptions& options, std::ostream& out, std::ostream& err, PreviewRunner* runner = nullptr);
 
 }  // namespace lupin::run

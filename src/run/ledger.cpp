@@ -7,6 +7,7 @@
 #include "common/text.h"
 #include "common/vb.h"
 #include "entry/catalogue.h"
+#include "run/conflict_retry.h"
 #include "run/print_form.h"
 
 namespace lupin::run {
@@ -118,35 +119,36 @@ std::string LedgerDate() { return vb::FormatDate(vb::Today(), "yyyymmdd"); }
 void WriteFileLedger(db::Connection& connection, std::int32_t report_no, const common::Grid& spr_list,
                      std::string_view date) {
   const LedgerStatements ledger(entry::LedgerReportNo(report_no), date, true);
-  db::Transaction transaction(connection);
-  for (int row = 1; row <= spr_list.MaxRows(); ++row) {
-    if (spr_list.Checked(row)) ledger.Write(connection, spr_list.Text(row, kColId));
-  }
-  transaction.Commit();
+  RetryOnConflict([&] {
+    db::Transaction transaction(connection);
+    for (int row = 1; row <= spr_list.MaxRows(); ++row) {
+      if (spr_list.Checked(row)) ledger.Write(connection, spr_list.Text(row, kColId));
+    }
+    transaction.Commit();
+  });
 }
 
 LedgerResult WritePreviewLedger(db::Connection& connection, std::string_view client_name, std::int32_t report_no,
                                 bool dedupe, std::string_view date) {
   LedgerResult result;
   const std::int32_t number = entry::LedgerReportNo(report_no);
-  if (number == 35 || (number >= 44 && number <= 46)) return result;
+  if (entry::IsDirectReport(number)) return result;
   const LedgerStatements ledger(number, date, false);
-  bool open = false;
   try {
-    connection.BeginTrans();
-    open = true;
-    if (number == 22 && dedupe) {
-      result.rows = LabelRule(connection, client_name, ledger);
-    } else if (number == 24) {
-      result.rows = BillingRule(connection, client_name, ledger);
-    } else {
-      result.rows = GeneralRule(connection, client_name, ledger);
-    }
-    connection.CommitTrans();
+    result.rows = RetryOnConflict([&] {
+      db::Transaction transaction(connection);
+      int rows = 0;
+      if (number == 22 && dedupe) {
+        rows = LabelRule(connection, client_name, ledger);
+      } else if (number == 24) {
+        rows = BillingRule(connection, client_name, ledger);
+      } else {
+        rows = GeneralRule(connection, client_name, ledger);
+      }
+      transaction.Commit();
+      return rows;
+    });
   } catch (const std::exception& e) {
-    if (open) {
-      try { connection.RollbackTrans(); } catch (const std::exception&) {}
-    }
     result = LedgerResult{false, 0, e.what()};
   }
   return result;

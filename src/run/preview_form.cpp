@@ -3,17 +3,10 @@
 #include "catalogue/load_report_definition.h"
 #include "common/sql.h"
 #include "entry/catalogue.h"
+#include "entry/print_list_order.h"
 #include "run/select_form.h"
 
 namespace lupin::run {
-
-bool StagedRowsRunner::Run(entry::Context& context, std::string_view object_name) {
-  (void)object_name;
-  auto rs = context.Db().Open("SELECT COUNT(*) AS CNT FROM [WK_PRINT] WHERE [CLIENT_NAME] = '" +
-                              sql::SqlQuote(context.ClientName()) + "'");
-  count_ = rs.Eof() ? 0 : static_cast<int>(rs["CNT"].Long());
-  return true;
-}
 
 PreviewForm::PreviewForm(entry::Context& context, entry::Ui& ui, const SelectForm& select, PreviewRunner& runner,
                          bool siryo)
@@ -46,7 +39,7 @@ bool PreviewForm::cmdPrint() {
     if (!last_ledger.ok) ui_.MessageBox(last_ledger.error, caption, entry::kInformation);
     if (entry::IsWaybillReport(report_no)) {
       last_den_no = AssignDenNo(context_.Db(), context_.ClientName(), select_.txtDenNo.text,
-                                select_.chkReDenNo.Checked(), runner_.RecordCount());
+                                select_.chkReDenNo.Checked(), runner_.RecordCount(), entry::ListSort(context_.settings));
     }
   }
   return runner_.Print();

@@ -1,11 +1,11 @@
 #pragma once
-// The hook through which the preview runs a report object. The report engine implements it; a
-// batch run without pages uses StagedRowsRunner so that the bookkeeping still works.
+// The hook through which the preview runs a report object. The report engine implements it.
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "entry/context.h"
 
@@ -43,17 +43,13 @@ class PreviewRunner {
   virtual std::string Message() const { return {}; }
   // Pages the last Run laid out.
   virtual int Pages() const { return 0; }
-};
-
-// Runs no report: the record count is the workstation's staged rows, and nothing is printed.
-class StagedRowsRunner : public PreviewRunner {
- public:
-  bool Run(entry::Context& context, std::string_view object_name) override;
-  int RecordCount() const override { return count_; }
-  bool Print() override { return true; }
-
- private:
-  int count_ = 0;
+  // True when Run can make the report object of that name; asked before anything is booked.
+  virtual bool Has(std::string_view object_name) const {
+    (void)object_name;
+    return true;
+  }
+  // The files the last Run and Print wrote, in order.
+  virtual std::vector<std::string> Written() const { return {}; }
 };
 
 // The report engine registers how to make its runner at start-up; the run command then previews

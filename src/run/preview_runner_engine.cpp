@@ -32,6 +32,21 @@ struct PdfOutput {
 
 double TwipsToMm(std::int32_t twips) { return twips / 56.7; }
 
+// The page images of an earlier, longer run would read as pages of this one.
+void RemoveLaterPageImages(const std::filesystem::path& folder, int pages) {
+  std::error_code error;
+  for (std::filesystem::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+    const std::string name = it->path().filename().string();
+    if (name.size() != 13 || !name.starts_with("page-") || !name.ends_with(".png")) continue;
+    const std::string digits = name.substr(5, 4);
+    if (digits.find_first_not_of("0123456789") != std::string::npos) continue;
+    if (std::stoi(digits) > pages) {
+      std::error_code ignored;
+      std::filesystem::remove(it->path(), ignored);
+    }
+  }
+}
+
 }  // namespace
 
 EnginePreviewRunner::EnginePreviewRunner(engine::ReportRegistry registry, PreviewOutputs outputs,
@@ -41,6 +56,7 @@ EnginePreviewRunner::EnginePreviewRunner(engine::ReportRegistry registry, Previe
 bool EnginePreviewRunner::Run(entry::Context& context, std::string_view object_name) {
   message_.clear();
   kept_.reset();
+  written_.clear();
   pages_ = 0;
   record_count_ = 0;
   auto report = registry_.Create(object_name, context);
@@ -93,6 +109,12 @@ bool EnginePreviewRunner::Run(entry::Context& context, std::string_view object_n
   if ((pdf && !pdf->file.Commit(message_)) || (dump && !dump->file.Commit(message_))) return false;
 
   pages_ = fan.Pages();
+  if (pdf) written_.push_back(outputs_.pdf);
+  if (png) {
+    RemoveLaterPageImages(outputs_.png_dir, pages_);
+    for (const std::string& file : png->Files()) written_.push_back(file);
+  }
+  if (dump) written_.push_back(outputs_.dump);
   const auto& recordset = report->DataControl1.Recordset;
   record_count_ = recordset ? static_cast<int>(recordset->RecordCount()) : 0;
   kept_ = std::move(kept);
@@ -138,8 +160,11 @@ bool EnginePreviewRunner::RenderKept(const PendingFile& file, const std::string&
 
 bool EnginePreviewRunner::Print() {
   last_print_ = {};
-  if (!outputs_.print) return true;
   message_.clear();
+  if (!outputs_.print) {
+    message_ = "印刷先が指定されていません。";
+    return false;
+  }
   if (!kept_) {
     message_ = "印刷するページがありません。";
     return false;
@@ -147,6 +172,7 @@ bool EnginePreviewRunner::Print() {
   if (!outputs_.print_pdf.empty()) {
     PendingFile file(outputs_.print_pdf);
     if (!RenderKept(file, "") || !file.Commit(message_)) return false;
+    written_.push_back(outputs_.print_pdf);
     last_print_.ok = true;
     last_print_.printer = outputs_.print_pdf;
     return true;

@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "engine/printer.h"
 #include "engine/report_registry.h"
@@ -30,6 +31,8 @@ class EnginePreviewRunner : public PreviewRunner {
   std::string Message() const override { return message_; }
 
   int Pages() const override { return pages_; }
+  bool Has(std::string_view object_name) const override { return registry_.Has(object_name); }
+  std::vector<std::string> Written() const override { return written_; }
   // A window that shows the pages as they are laid out; not owned, kept for the next runs.
   void AddViewer(engine::PageSink* viewer) { viewer_ = viewer; }
   // The print command's destination, which a print dialog may change before Print.
@@ -55,6 +58,7 @@ class EnginePreviewRunner : public PreviewRunner {
   std::string title_;
   std::string message_;
   engine::PrintOutcome last_print_;
+  std::vector<std::string> written_;
   int pages_ = 0;
   int record_count_ = 0;
 };

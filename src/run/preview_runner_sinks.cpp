@@ -1,9 +1,8 @@
 #include "run/preview_runner_sinks.h"
 
-#include <unistd.h>
-
-#include <atomic>
 #include <system_error>
+
+#include "common/files.h"
 
 namespace lupin::run {
 
@@ -22,19 +21,7 @@ void FanOutSink::End() {
   for (auto* sink : sinks_) sink->End();
 }
 
-namespace {
-
-// Two outputs of one process beside the same target must not share a temporary name.
-std::filesystem::path TempBeside(const std::filesystem::path& target) {
-  static std::atomic<int> serial{0};
-  std::filesystem::path temp = target;
-  temp += ".part-" + std::to_string(::getpid()) + "-" + std::to_string(++serial);
-  return temp;
-}
-
-}  // namespace
-
-PendingFile::PendingFile(std::filesystem::path target) : target_(std::move(target)), temp_(TempBeside(target_)) {}
+PendingFile::PendingFile(std::filesystem::path target) : target_(std::move(target)), temp_(files::PartFileBeside(target_)) {}
 
 PendingFile::~PendingFile() {
   if (committed_) return;

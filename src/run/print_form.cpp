@@ -28,6 +28,11 @@ std::string FieldText(const db::Recordset& rs, std::string_view field) {
   return field.empty() ? std::string() : rs[field].Text();
 }
 
+int OpenTrace(const std::filesystem::path& home) {
+  const std::string path = (home / "trace.log").string();
+  return ::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
+}
+
 }  // namespace
 
 std::string PrintButtonCaption(std::int32_t report_no) {
@@ -49,7 +54,7 @@ PrintForm::PrintForm(entry::Context& context, entry::Ui& ui, const SelectForm& s
 
 void PrintForm::Message(std::string_view text, int style) { ui_.MessageBox(text, kPrintCaption, style); }
 
-bool PrintForm::CustomerReport() const { return entry::IsCustomerReport(context_.current.other_tbl_name); }
+bool PrintForm::CustomerReport() const { return entry::ListsCustomers(context_.current.other_tbl_name); }
 common::Grid& PrintForm::VisibleGrid() { return CustomerReport() ? sprCustomer : sprList; }
 const common::Grid& PrintForm::VisibleGrid() const { return CustomerReport() ? sprCustomer : sprList; }
 
@@ -73,17 +78,20 @@ bool PrintForm::Form_Activate() {
 
 void PrintForm::Trace(std::string_view text) {
   const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  char clock[16];
-  std::strftime(clock, sizeof clock, "%H:%M:%S", &local);
-  const std::string line = std::string(clock) + "\t" + std::string(text) + "\r\n";
-  const std::string path = (context_.home / "trace.log").string();
-  // Opened, written and closed per line, so the file holds everything up to a crash.
-  const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
+  if (now != trace_second_) {
+    std::tm local{};
+    localtime_r(&now, &local);
+    std::strftime(trace_clock_, sizeof trace_clock_, "%H:%M:%S", &local);
+    trace_second_ = now;
+  }
+  std::string line;
+  line.reserve(text.size() + 12);
+  line.append(trace_clock_).append("\t").append(text).append("\r\n");
+  const bool held = trace_fd_ >= 0;
+  const int fd = held ? trace_fd_ : OpenTrace(context_.home);
   if (fd < 0) return;
   [[maybe_unused]] const auto written = ::write(fd, line.data(), line.size());
-  ::close(fd);
+  if (!held) ::close(fd);
 }
 
 double PrintForm::OrderTaxTotal(std::int64_t id) {
@@ -108,6 +116,14 @@ void PrintForm::PrepareColumns() {
 }
 
 void PrintForm::LoadList() {
+  trace_fd_ = OpenTrace(context_.home);
+  struct CloseTrace {
+    int& fd;
+    ~CloseTrace() {
+      if (fd >= 0) ::close(fd);
+      fd = -1;
+    }
+  } close_trace{trace_fd_};
   Trace("display start");
   const auto& def = context_.current;
   const std::string date_field = def.date_field;
@@ -115,13 +131,12 @@ void PrintForm::LoadList() {
   sprList.SetReDraw(false);
   sprCustomer.SetReDraw(false);
 
-  auto rs = context_.Db().Open(select_.SQL);
+  auto rs = context_.Db().OpenForward(select_.SQL);
   const bool customer = CustomerReport();
   const bool collect = entry::IsCollectReport(def.report_no);
   const bool dedupe = select_.dedupe != 0 && def.lbl_rpt != 0 && !customer;
   const bool carrier_filter = select_.NoCarrierFilter == 1;
   std::unordered_set<std::string> seen;
-  if (dedupe) seen.reserve(rs.RecordCount());
 
   for (; !rs.Eof(); rs.MoveNext()) {
     if (dedupe) {
@@ -219,7 +234,7 @@ PrintOutcome PrintForm::PrintFile() {
     Message(MissingWriterMessage(report_no));
     return PrintOutcome::Failed;
   }
-  const auto written = writer->Write(context_, sprList, target.current);
+  const auto written = writer->Write(context_, ui_, sprList, target.current);
   if (written.code != 0) {
     Message(written.message);
     return PrintOutcome::Failed;

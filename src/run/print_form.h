@@ -96,6 +96,12 @@ class PrintForm {
   PrintOutcome PrintFile();
   PrintOutcome StageAndPreview();
 
+  // trace.log held open while the list loads: one line per row would otherwise cost an open and a
+  // close each. Every line is still written at once, so the file holds everything up to a crash.
+  int trace_fd_ = -1;
+  std::int64_t trace_second_ = -1;
+  char trace_clock_[16] = {};
+
   entry::Context& context_;
   entry::Ui& ui_;
   const SelectForm& select_;

@@ -3,6 +3,7 @@
 #include "common/sql.h"
 #include "common/vb.h"
 #include "entry/catalogue.h"
+#include "entry/print_list_order.h"
 #include "run/select_form.h"
 
 namespace lupin::run {
@@ -42,6 +43,7 @@ SalesSummaryFilter SalesSummaryOf(const SelectForm& f) {
     const int index = f.cboPayment.list_index;
     if (index == 1 && f.cod_position > 0) {
       filter.payment = f.cboPayment.items[static_cast<std::size_t>(f.cod_position)];
+      filter.payment_excluded = true;
     } else if (index > 0) {
       filter.payment = f.cboPayment.Text();
     }
@@ -82,9 +84,7 @@ std::string OrderStatement(const SelectForm& f, std::string_view list_sort, int&
                                    : "SELECT [CHUMON].* FROM [CHUMON] WHERE " + conditions + " AND [ID] NOT IN (";
     statement += PrintedExclusion(def.report_no);
   }
-  statement += " ORDER BY [CHUMON].[ID] ";
-  statement += list_sort;
-  return statement;
+  return statement + entry::OrderListOrder(list_sort);
 }
 
 std::string CustomerStatement(const SelectForm& f) {
@@ -141,12 +141,12 @@ Selection BuildSelection(const SelectForm& form, std::string_view list_sort) {
   const auto& def = form.Context().current;
   if (def.report_no == 35) {
     result.item_list = ItemListOf(form);
-  } else if (def.report_no >= 44 && def.report_no <= 46) {
+  } else if (entry::IsSalesSummaryReport(def.report_no)) {
     result.sales_summary = SalesSummaryOf(form);
-  } else if (def.other_tbl_name.empty()) {
-    result.sql = OrderStatement(form, list_sort, result.no_carrier_filter);
-  } else {
+  } else if (entry::ListsCustomers(def.other_tbl_name)) {
     result.sql = CustomerStatement(form);
+  } else {
+    result.sql = OrderStatement(form, list_sort, result.no_carrier_filter);
   }
   return result;
 }

@@ -5,13 +5,13 @@
 #include "common/text.h"
 #include "common/vb.h"
 #include "entry/catalogue.h"
+#include "entry/print_list_order.h"
 #include "run/query_builder.h"
 
 namespace lupin::run {
 
 namespace {
 
-constexpr int kListSortSetting = 34;
 
 std::string Today() { return vb::FormatDate(vb::Today(), "YYYY/MM/DD"); }
 
@@ -194,8 +194,7 @@ void SelectForm::cboList_Click() {
   const auto& def = context_.current;
   LoadNewestRecord();
 
-  const bool bits_valid = def.where >= 0 && def.where <= 15;
-  for (int k = 0; k < 4; ++k) chkChumonOption[k].value = bits_valid && (def.where >> k & 1) ? 1 : 0;
+  for (int k = 0; k < 4; ++k) chkChumonOption[k].value = entry::WhereChecksOption(def.where, k) ? 1 : 0;
   ApplyFrames();
   chkChumonOption[0].caption = def.date_label;
 
@@ -223,7 +222,7 @@ void SelectForm::cboList_Click() {
     }
   }
 
-  if (def.report_no >= 44 && def.report_no <= 46) {
+  if (entry::IsSalesSummaryReport(def.report_no)) {
     txtDate[0].text.clear();
     txtDate[1].text = Today();
   } else {
@@ -384,7 +383,7 @@ void SelectForm::vsrlStart_Change(int direction) {
 
 SelectOutcome SelectForm::cmdSelect() {
   const auto& def = context_.current;
-  if (def.report_no >= 44 && def.report_no <= 46) {
+  if (entry::IsSalesSummaryReport(def.report_no)) {
     const std::string& caption = chkChumonOption[0].caption;
     if (!chkChumonOption[0].Checked() || txtDate[0].text.empty() || txtDate[1].text.empty()) {
       Message(caption + "の範囲は必須です。");
@@ -415,8 +414,13 @@ SelectOutcome SelectForm::cmdSelect() {
     dedupe = 0;
   }
 
-  selection = BuildSelection(*this, context_.settings.GetSetting(kListSortSetting, ""));
+  context_.run.shop = cboShop_id.list_index > 0 ? cboShop_id.Text() : "";
+  selection = BuildSelection(*this, entry::ListSort(context_.settings));
   SQL = selection.sql;
+  context_.run = entry::RunValues{start_position, dedupe != 0, selection.item_list, selection.sales_summary,
+                                  cboShop_id.list_index > 0 ? cboShop_id.Text() : std::string(),
+                                  chkChumonOption[0].Checked() ? txtDate[0].text : std::string(),
+                                  chkChumonOption[0].Checked() ? txtDate[1].text : std::string()};
   NoCarrierFilter = selection.no_carrier_filter;
 
   if (entry::IsDirectReport(def.report_no)) {

@@ -7,7 +7,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 fail() { echo "FAILED: $*" >&2; exit 1; }
 # Never touch the real settings of the machine or the user.
-export XDG_CONFIG_HOME="$work/xdg" LUPIN_MACHINE_INI="$work/xdg/machine.ini"
+export XDG_CONFIG_HOME="$work/xdg" XDG_DATA_HOME="$work/data" LUPIN_MACHINE_INI="$work/xdg/machine.ini"
 
 # SQLite: init, then read back with sqlite3.
 db="$work/demo.db"

@@ -7,7 +7,7 @@ rounds=${2:-8}
 [ -n "${LUPIN_TEST_PG_URL:-}" ] || { echo "FAILED: LUPIN_TEST_PG_URL is not set" >&2; exit 1; }
 work=$(mktemp -d)
 schema="two_ws_$$"
-export XDG_CONFIG_HOME="$work/xdg" LUPIN_MACHINE_INI="$work/xdg/machine.ini"
+export XDG_CONFIG_HOME="$work/xdg" XDG_DATA_HOME="$work/data" LUPIN_MACHINE_INI="$work/xdg/machine.ini"
 cleanup() { psql -q "$LUPIN_TEST_PG_URL" -c "DROP SCHEMA IF EXISTS $schema CASCADE" >/dev/null 2>&1 || true; rm -rf "$work"; }
 trap cleanup EXIT
 fail() { echo "FAILED: $*" >&2; exit 1; }

@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "catalogue/all_format_form.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "support/test_databases.h"
 

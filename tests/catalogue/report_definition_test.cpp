@@ -8,6 +8,7 @@
 
 #include "catalogue/load_report_definition.h"
 #include "common/settings.h"
+#include "common/text.h"
 #include "report_test_fixture.h"
 
 namespace lupin::catalogue {
@@ -60,19 +61,24 @@ TEST_P(LoadDefinitionTest, NullColumnsReadAsEmptyAndZero) {
   EXPECT_EQ((std::array<int, 4>{def.paper_size, def.paper_type, def.where, def.lbl_rpt}), (std::array<int, 4>{}));
 }
 
+// A REPORT.INI carried over from Windows is Shift-JIS; it must override exactly as a UTF-8 one.
 TEST_P(LoadDefinitionTest, WorkstationFileOverridesPrinterButNeverRightAndBottom) {
   InsertSagawa();
-  PutReportIni(
-      "[佐川宅配伝票]\nPAPER_TYPE=0\nDEVICE_NAME=Office\nPAPER_SIZE=9\nPAPER_BIN=7\nMARGIN_LEFT=300\n"
-      "MARGIN_TOP=0\nORIENTATION=1\nMARGIN_RIGHT=999\nMARGIN_BOTTOM=999\n");
-  ASSERT_TRUE(LoadReportDefinition(*context_, 18));
-  const entry::ReportDefinition& def = context_->current;
-  EXPECT_EQ(def.device_name, "Office");
-  EXPECT_EQ((std::array<int, 3>{def.paper_size, def.paper_bin, def.orientation}), (std::array{9, 7, 1}));
-  // Stored zeros do not override.
-  EXPECT_EQ(def.paper_type, 1);
-  EXPECT_EQ((std::array{def.margin_left, def.margin_top, def.margin_right, def.margin_bottom}),
-            (std::array<std::int32_t, 4>{300, 80, 60, 40}));
+  const std::string ini =
+      "[佐川宅配伝票]\r\nPAPER_TYPE=0\r\nDEVICE_NAME=事務所のプリンタ\r\nPAPER_SIZE=9\r\nPAPER_BIN=7\r\n"
+      "MARGIN_LEFT=300\r\nMARGIN_TOP=0\r\nORIENTATION=1\r\nMARGIN_RIGHT=999\r\nMARGIN_BOTTOM=999\r\n";
+  for (const std::string& file : {ini, "\xEF\xBB\xBF" + ini, text::ToCp932(ini).bytes}) {
+    PutReportIni(file);
+    context_->current = {};
+    ASSERT_TRUE(LoadReportDefinition(*context_, 18));
+    const entry::ReportDefinition& def = context_->current;
+    EXPECT_EQ(def.device_name, "事務所のプリンタ");
+    EXPECT_EQ((std::array<int, 3>{def.paper_size, def.paper_bin, def.orientation}), (std::array{9, 7, 1}));
+    // Stored zeros do not override.
+    EXPECT_EQ(def.paper_type, 1);
+    EXPECT_EQ((std::array{def.margin_left, def.margin_top, def.margin_right, def.margin_bottom}),
+              (std::array<std::int32_t, 4>{300, 80, 60, 40}));
+  }
 }
 
 // Overrides are found by the report's name, and only in the component directory's REPORT.INI.

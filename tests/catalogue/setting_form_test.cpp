@@ -10,7 +10,7 @@
 #include "catalogue/printer_capabilities.h"
 #include "catalogue/setting_form.h"
 #include "common/settings.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "support/test_databases.h"
 
@@ -54,7 +54,7 @@ class SettingFormTest : public ::testing::Test {
   void SetUp() override {
     db_ = lupin::testing::FreshDatabase(db::Engine::Sqlite);
     entry::CreateSchema(*db_);
-    entry::FillCatalogue(*db_);
+    demo::FillCatalogue(*db_);
     db_->Execute("UPDATE [REPORT] SET [FLD_LBL1] = 'お客様コード', [FLD_LBL2] = '', [FLD_LBL3] = '備考' "
                  "WHERE [REPORT_NO] = 25");
     home_ = std::filesystem::temp_directory_path() / ("lupin_setting_" + std::to_string(std::random_device{}()));

@@ -26,14 +26,5 @@ TEST(SelectComboByText, SelectsFirstMatchIgnoringCaseAndWidth) {
   }
 }
 
-TEST(SelectComboByData, SelectsByItemData) {
-  const std::pair<std::int16_t, int> cases[] = {{2, 2}, {-5, 3}, {99, -1}};
-  for (const auto& [value, expected] : cases) {
-    ComboModel combo = Payments();
-    SelectComboByData(combo, value);
-    EXPECT_EQ(combo.list_index, expected) << value;
-  }
-}
-
 }  // namespace
 }  // namespace lupin::common

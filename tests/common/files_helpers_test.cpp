@@ -12,19 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(FileNameAndFolder, SplitAtLastSeparatorOfEitherKind) {
-  const struct {
-    const char *path, *name, *folder;
-  } cases[] = {
-      {"C:\\a/b\\c.txt", "c.txt", "C:\\a/b"}, {"plain.txt", "plain.txt", ""}, {"folder/", "", "folder"},
-      {"出力\\ヤマト.csv", "ヤマト.csv", "出力"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(FileNameOf(c.path), c.name) << c.path;
-    EXPECT_EQ(FolderOf(c.path), c.folder) << c.path;
-  }
-}
-
 class FileTest : public common::testing::FolderTest {
  protected:
   int EntryCount() const {
@@ -33,13 +20,6 @@ class FileTest : public common::testing::FolderTest {
     return count;
   }
 };
-
-TEST_F(FileTest, ExistsOnlyForFiles) {
-  Put(folder_ / "hinmei.txt", "x");
-  EXPECT_TRUE(FileExists((folder_ / "hinmei.txt").string()));
-  EXPECT_FALSE(FileExists((folder_ / "none.txt").string()));
-  EXPECT_FALSE(FileExists(folder_.string() + "/"));
-}
 
 TEST_F(FileTest, ReplaceCreatesAndOverwrites) {
   const fs::path target = folder_ / "out.csv";

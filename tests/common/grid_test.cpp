@@ -68,5 +68,33 @@ TEST(Grid, HiddenFlagsSurviveGrowth) {
   EXPECT_FALSE(grid.ColHidden(40));
 }
 
+// A season's list: rows beyond a megabyte go to the temporary file and still read back, change,
+// copy and shrink like rows in memory.
+TEST(Grid, LongListsLeaveMemoryAndReadBack) {
+  Grid grid(0, 4);
+  const auto name = [](int row) { return "山田 太郎 " + std::to_string(row) + " 東京都千代田区千代田一丁目"; };
+  for (int k = 1; k <= 30000; ++k) {
+    const int row = grid.AddRow();
+    grid.SetValue(row, 1, 1);
+    grid.SetText(row, 2, std::to_string(k));
+    grid.SetText(row, 4, name(k));
+  }
+  EXPECT_LT(grid.PackedBytesInMemory(), 1u << 20);
+  grid.SetChecked(7, false);
+  grid.SetText(29999, 3, "後から");
+  const Grid copy = grid;
+  grid.SetMaxRows(20000);
+  int bad = 0;
+  for (int row = 1; row <= 20000; ++row) {
+    bad += grid.Text(row, 2) != std::to_string(row) || grid.Text(row, 4) != name(row) || grid.Text(row, 3) != "";
+  }
+  EXPECT_EQ(bad, 0);
+  EXPECT_EQ(grid.CheckedCount(), 19999);
+  EXPECT_EQ(copy.MaxRows(), 30000);
+  EXPECT_EQ(copy.Text(29999, 3) + copy.Text(30000, 2), "後から30000");
+  EXPECT_FALSE(copy.Checked(7));
+  EXPECT_EQ(grid.Text(20001, 2), "");
+}
+
 }  // namespace
 }  // namespace lupin::common

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "common/settings.h"
+#include "common/text.h"
 #include "folder_test.h"
 
 namespace lupin::settings {
@@ -82,6 +83,28 @@ TEST_F(ProfileTest, SeveralKeysInOneWrite) {
   const std::pair<std::string_view, std::string_view> unnamed[] = {{"Z", "1"}, {" ", "2"}};
   EXPECT_FALSE(WriteProfileStrings(file_, "B", unnamed));
   EXPECT_EQ(ReadProfileString(file_, "B", "Z", "none"), "none");
+}
+
+// Files carried over from Windows are Shift-JIS: read as CP932 unless valid UTF-8, and written back
+// in the encoding they came in, every other byte as it was.
+TEST_F(ProfileTest, FileKeepsTheEncodingItWasReadIn) {
+  const std::string before = "; 設定\r\n[ヤマト宅配伝票]\r\nDEVICE_NAME=経理のプリンタ\r\n";
+  const std::string after = "; 設定\r\n[ヤマト宅配伝票]\r\nDEVICE_NAME=経理のプリンタ\r\nPAPER_SIZE=用紙９\r\n";
+  const struct {
+    const char* label;
+    std::string before, after;
+  } cases[] = {
+      {"utf8", before, after},
+      {"utf8_bom", "\xEF\xBB\xBF" + before, "\xEF\xBB\xBF" + after},
+      {"cp932", text::ToCp932(before).bytes, text::ToCp932(after).bytes},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.label);
+    Put(c.before);
+    EXPECT_EQ(ReadProfileString(file_, "ヤマト宅配伝票", "DEVICE_NAME", ""), "経理のプリンタ");
+    ASSERT_TRUE(WriteProfileString(file_, "ヤマト宅配伝票", "PAPER_SIZE", "用紙９"));
+    EXPECT_EQ(Get(), c.after);
+  }
 }
 
 TEST_F(ProfileTest, MissingFileReadsDefaultAndMissingFolderFailsToWrite) {

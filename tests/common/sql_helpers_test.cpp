@@ -21,28 +21,16 @@ TEST(NumericText, KeepsOnlyANumber) {
   for (const auto& [input, expected] : cases) EXPECT_EQ(NumericText(input), expected) << input;
 }
 
-TEST(Dialect, FragmentAndField) {
+TEST(Dialect, FragmentByModeAndIndex) {
   const struct {
     int mode, index;
     const char* fragment;
-    const char* with_field;  // DialectField(mode, index, "AMOUNT")
   } cases[] = {
-      {0, 1, "'", "'"}, {1, 1, "#", "#"}, {1, 4, "FORMAT(%FIELD%)", "FORMAT(AMOUNT)"},
-      {2, 7, "\"%FIELD%\"", "\"AMOUNT\""},
+      {0, 1, "'"}, {1, 1, "#"}, {2, 1, "'"}, {1, 4, "FORMAT(%FIELD%)"}, {2, 7, "\"%FIELD%\""},
       // Another mode or an index outside the table yields the empty fragment.
-      {3, 1, "", ""}, {1, 0, "", ""}, {1, 8, "", ""},
+      {3, 1, ""}, {1, 0, ""}, {1, 8, ""},
   };
-  for (const auto& c : cases) {
-    EXPECT_EQ(DialectFragment(c.mode, c.index), c.fragment) << c.mode << "/" << c.index;
-    EXPECT_EQ(DialectField(c.mode, c.index, "AMOUNT"), c.with_field) << c.mode << "/" << c.index;
-  }
-}
-
-TEST(Dialect, FieldReplacesEveryPlaceholderCaseSensitively) {
-  // The field text itself may look like a placeholder; it must not be replaced again.
-  EXPECT_EQ(DialectField(1, 5, "%FIELD%"), "CSTR(%FIELD% & '')");
-  EXPECT_EQ(DialectField(0, 6, "出荷伝票番号"), "[出荷伝票番号]");
-  EXPECT_EQ(DialectField(2, 5, ""), "");
+  for (const auto& c : cases) EXPECT_EQ(DialectFragment(c.mode, c.index), c.fragment) << c.mode << "/" << c.index;
 }
 
 }  // namespace

@@ -7,21 +7,32 @@
 namespace lupin::db {
 namespace {
 
-TEST(BracketsToDoubleQuotes, RewritesNamesOnlyOutsideLiterals) {
+TEST(EngineSqlText, RewritesNamesAndDatesOnlyOutsideLiterals) {
   const struct {
     const char* sql;
-    const char* expected;
+    const char* postgres;  // brackets too
+    const char* sqlite;    // dates only
   } cases[] = {
-      {"SELECT [CHUMON].* FROM [CHUMON]", "SELECT \"chumon\".* FROM \"chumon\""},
-      {"WHERE [顧客NO] = 3", "WHERE \"顧客no\" = 3"},
-      {"WHERE [A] = 'It''s [B]' AND [C] = 1", "WHERE \"a\" = 'It''s [B]' AND \"c\" = 1"},
-      {"SELECT \"[Keep]\" FROM t", "SELECT \"[Keep]\" FROM t"},
-      {"SELECT 1 -- [Note]\nFROM [T]", "SELECT 1 -- [Note]\nFROM \"t\""},
-      {"SELECT /* [Note] */ [T]", "SELECT /* [Note] */ \"t\""},
-      {"SELECT [a\"b]", "SELECT \"a\"\"b\""},
-      {"SELECT [UNCLOSED", "SELECT [UNCLOSED"},
+      {"SELECT [CHUMON].* FROM [CHUMON]", "SELECT \"chumon\".* FROM \"chumon\"", "SELECT [CHUMON].* FROM [CHUMON]"},
+      {"WHERE [顧客NO] = 3", "WHERE \"顧客no\" = 3", "WHERE [顧客NO] = 3"},
+      {"WHERE [A] = 'It''s [B]' AND [C] = 1", "WHERE \"a\" = 'It''s [B]' AND \"c\" = 1", nullptr},
+      {"SELECT \"[Keep]\" FROM t", "SELECT \"[Keep]\" FROM t", nullptr},
+      {"SELECT 1 -- [Note]\nFROM [T]", "SELECT 1 -- [Note]\nFROM \"t\"", nullptr},
+      {"SELECT /* [Note] */ [T]", "SELECT /* [Note] */ \"t\"", nullptr},
+      {"SELECT [a\"b]", "SELECT \"a\"\"b\"", nullptr},
+      {"SELECT [UNCLOSED", "SELECT [UNCLOSED", nullptr},
+      // Dialect 1's dates, as the criteria and the tax lookups write them.
+      {"WHERE [FROM_DATE] <= #2024/03/31# AND [X] >= #2024/1/5#", "WHERE \"from_date\" <= '2024/03/31' AND \"x\" >= '2024/1/5'",
+       "WHERE [FROM_DATE] <= '2024/03/31' AND [X] >= '2024/1/5'"},
+      // Not dates: inside a literal, a name or a comment, unclosed, blank-edged, or empty.
+      {"WHERE [A#] = '#2024/01/01#' -- #1#", "WHERE \"a#\" = '#2024/01/01#' -- #1#", "WHERE [A#] = '#2024/01/01#' -- #1#"},
+      {"SELECT 5 # 3, # 1 #, ##, #2024", "SELECT 5 # 3, # 1 #, ##, #2024", "SELECT 5 # 3, # 1 #, ##, #2024"},
+      {"SELECT #a'b#", "SELECT #a'b#", "SELECT #a'b#"},
   };
-  for (const auto& c : cases) EXPECT_EQ(BracketsToDoubleQuotes(c.sql), c.expected) << c.sql;
+  for (const auto& c : cases) {
+    EXPECT_EQ(EngineSqlText(c.sql, true), c.postgres) << c.sql;
+    EXPECT_EQ(EngineSqlText(c.sql, false), c.sqlite ? c.sqlite : c.sql) << c.sql;
+  }
 }
 
 TEST(IsDeferrable, OnlyStatementsThatReturnNothing) {

@@ -61,6 +61,7 @@ INSTANTIATE_TEST_SUITE_P(
         TemplateCase{"LastLineFalse", "拝啓\r\n<?IF 区分 == 1?>特別<?ENDIF?>", "拝啓"},
         TemplateCase{"BlanksAndTabsBehindTheBlock", "拝啓\r\n<?IF 区分 == 1?>特別<?ENDIF?> \t\r\n敬具", "拝啓\r\n敬具"},
         TemplateCase{"TabsBehindATrueBlockGo", "拝啓\r\n<?IF 区分 == 2?>特別<?ENDIF?>\t \r\n敬具", "拝啓\r\n特別\r\n敬具"},
+        TemplateCase{"EveryTabFromTheBlockOnGoes", "\t拝啓\n<?IF 区分 == 2?>特\t別<?ENDIF?>です\t。\n\t敬具", "\t拝啓\n特別です。\n敬具"},
         TemplateCase{"BodyOfBlanksIsEmpty", "拝啓\n<?IF 区分 == 2?> \t <?ENDIF?>\n敬具", "拝啓\n敬具"},
         TemplateCase{"TextBeforeTheBlockKeepsTheLine", "区分：<?IF 区分 == 1?>特別<?ENDIF?>\r\n敬具", "区分：\r\n敬具"},
         TemplateCase{"IndentedBlockThenAnother", "A\r\n  <?IF 区分 == 1?>x<?ENDIF?>\r\n<?IF 区分 == 3?>y<?ENDIF?>\r\nB", "A\r\nB"},

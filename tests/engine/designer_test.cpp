@@ -20,6 +20,11 @@ TEST(DesignerErrors, NameTheFileAndWhatIsWrong) {
        {"GH", "\"data_field\""}},
       {R"({"report": "rptBad", "sections": [{"name": "PH", "type": "PageHeader"}]})", {"Detail"}},
       {R"({"report": )", {"JSON"}},
+      {R"({"extends": "rptNowhere", "report": "rptBad"})", {"extends", "rptNowhere.json"}},
+      {DETAIL_WITH(R"({"kind": "Label", "name": "lblA{n}", "count": 0})"), {"lblA{n}", "\"count\""}},
+      {R"({"extends": "rptYamatoNew", "report": "rptBad", "sections": [{"name": "Detail", "remove": ["lblNone"]}]})",
+       {"lblNone"}},
+      {DETAIL_WITH(R"({"kind": "Label", "name": "lblRun_", "count": 3, "lefts": [1, 2]})"), {"lblRun_", "\"lefts\""}},
   };
   for (const auto& [json, parts] : cases) {
     try {
@@ -47,6 +52,67 @@ TEST(DesignerLoad, ReadsPaperShapesAndNames) {
   EXPECT_EQ(detail.Controls().Item("LBLtel")->alignment, Alignment::Center);
   EXPECT_EQ(detail.Controls().Item("shpDelivery1")->Shape, ShapeKind::Ellipse);
   EXPECT_FALSE(detail.Controls().Item("shpDelivery1")->Visible);
+}
+
+TEST(DesignerLoad, NumberedRunsAreDeclaredOnce) {
+  const ReportLayout layout = ParseDesigner("rptOk.json", R"({"report": "rptOk", "sections": [
+    {"name": "Detail", "type": "Detail", "controls": [
+      {"kind": "TextField", "name": "fldITEM_ID{n}", "data_field": "商品ID{n}", "left": 40, "top": 2760,
+       "count": 3, "first": 6, "step": {"top": 345}}]}]})");
+  const Controls& controls = layout.sections.at(0).Controls();
+  ASSERT_EQ(controls.Count(), 3u);
+  EXPECT_EQ(controls[2].Name, "fldITEM_ID8");
+  EXPECT_EQ(controls[2].DataField, "商品ID8");
+  EXPECT_EQ(controls[2].Top, 2760 + 2 * 345);
+  EXPECT_EQ(controls[2].Left, 40);
+}
+
+TEST(DesignerLoad, AVariantListsOnlyWhatDiffersFromItsBase) {
+  // The invoice delivery note extends the plain one.
+  const ReportLayout base = LoadDesigner("rptNouhin");
+  const ReportLayout variant = LoadDesigner("rptNouhinInvoice");
+  EXPECT_EQ(variant.name, "rptNouhinInvoice");
+  EXPECT_EQ(variant.printer.PaperSize, base.printer.PaperSize);
+  const Section& plain = base.sections.at(0);
+  const Section& invoice = variant.sections.at(0);
+  EXPECT_EQ(invoice.Height, plain.Height) << "a section keeps what the variant does not name";
+  EXPECT_EQ(invoice.Controls().Count(), plain.Controls().Count() + 4);
+  EXPECT_EQ(plain.Controls().Item("fldInvoiceNo"), nullptr);
+  ASSERT_NE(invoice.Controls().Item("fldInvoiceNo"), nullptr);
+  const Control* mark = invoice.Controls().Item("lblPageNo");
+  EXPECT_EQ(mark->Height, 240) << "a named control changes";
+  EXPECT_EQ(mark->Width, plain.Controls().Item("lblPageNo")->Width) << "and keeps the rest";
+}
+
+// A variant lists what differs from its base; a numbered run stands for its controls.
+TEST(DesignerLoad, VariantsAndNumberedRuns) {
+  const ReportLayout layout = ParseDesigner("rptVariant.json", R"({"extends": "rptYamatoNew", "report": "rptVariant",
+    "printer": {"orientation": 2},
+    "sections": [{"name": "Detail", "height": 5000, "remove": ["lblMemo1"], "controls": [
+      {"name": "lblTEL", "width": 100, "font": {"size": 9}},
+      {"kind": "Label", "name": "lblRun_", "count": 3, "first": 0, "left": 10, "step": {"left": 5}, "top": 7}]}]})");
+  EXPECT_EQ(layout.name, "rptVariant");
+  EXPECT_EQ(layout.title, "ﾔﾏﾄ宅配伝票");
+  EXPECT_EQ(layout.printer.Orientation, 2);
+  EXPECT_EQ(layout.printer.PaperSize, 256);
+  const Section& detail = layout.sections.at(0);
+  EXPECT_EQ(detail.Height, 5000);
+  EXPECT_EQ(detail.Controls().Item("lblMemo1"), nullptr);
+  const Control& tel = *detail.Controls().Item("lblTEL");
+  EXPECT_EQ(tel.Width, 100);
+  EXPECT_EQ(tel.Left, 360) << "what the variant does not name stays";
+  EXPECT_EQ(tel.Font.size, 9);
+  EXPECT_EQ(tel.Font.name, "ＭＳ Ｐ明朝");
+  // The base's own runs: positions from a list.
+  EXPECT_EQ(detail.Controls().Item("lblYubin_3")->Left, 1065);
+  EXPECT_EQ(detail.Controls().Item("shpDelivery6")->Top, 2400);
+  for (int i = 0; i < 3; ++i) {
+    const Control* run = detail.Controls().Item("lblRun_" + std::to_string(i));
+    ASSERT_NE(run, nullptr) << i;
+    EXPECT_EQ(run->Left, 10 + 5 * i);
+    EXPECT_EQ(run->Top, 7);
+  }
+  EXPECT_EQ(detail.Controls().Item("lblRun_3"), nullptr);
 }
 
 TEST(DesignerLoad, EveryCompiledInDesignerLoads) {

@@ -174,3 +174,45 @@ TEST(CanGrow, TheControlAndItsSectionGrowToTheLinesOfTheText) {
 
 }  // namespace
 }  // namespace lupin::engine::testing
+
+namespace lupin::engine::testing {
+namespace {
+
+// The order list's shapes: footers named after their headers in an order the position rule would
+// pair wrongly, a header hidden in BeforePrint, and sections as tall as their lowest visible control.
+TEST(Groups, FootersPairByNameHiddenSectionsTakeNoRoomAndAddedControlsGrowTheirSection) {
+  LoggingReport report(R"({"report": "rptPair", "margins": {"left": 0, "right": 0, "top": 0, "bottom": 0},
+    "sections": [
+      {"name": "GroupOuter", "type": "GroupHeader", "data_field": "Shop", "height": 100, "controls": [{"kind": "Label", "name": "o"}]},
+      {"name": "GroupInner", "type": "GroupHeader", "data_field": "Id", "height": 100, "controls": [{"kind": "Label", "name": "i"}]},
+      {"name": "Detail", "type": "Detail", "height": 100, "controls": [{"kind": "Label", "name": "d"}]},
+      {"name": "OuterFooter", "type": "GroupFooter", "header": "GroupOuter", "height": 100, "controls": [{"kind": "Label", "name": "of"}]},
+      {"name": "InnerFooter", "type": "GroupFooter", "header": "GroupInner", "height": 100, "controls": [{"kind": "Label", "name": "if"}]},
+      {"name": "ReportFooter", "type": "ReportFooter", "height": 200, "controls": [{"kind": "Label", "name": "rf"}]}]})");
+  report.SetRows({"Shop", "Id"}, {{db::Value("A"), db::Value(1)}, {db::Value("A"), db::Value(2)}});
+  report.SectionByName("GroupInner")->BeforePrint = [&] {
+    report.SectionByName("GroupInner")->Visible = report.Fields().Value("Id").Long() != 2;
+  };
+  const auto add_label = [&](const char* section, const std::string& name, std::int32_t top) -> Control& {
+    Control& added = report.SectionByName(section)->Controls().Add(ControlKind::Label, name);
+    added.Top = top;
+    added.Height = 340;
+    return added;
+  };
+  report.on_format = [&](const std::string& section) {
+    if (section == "Detail" && report.Fields().Value("Id").Long() == 1) add_label("Detail", "grow", 300);
+    if (section == "Detail" && report.Fields().Value("Id").Long() == 2)
+      report.Detail().Controls().Item("grow")->Visible = false;
+    if (section == "ReportFooter")
+      for (int i = 0; i < 3; ++i) add_label("ReportFooter", std::to_string(i) + "lbl", i * 300 + 300);
+  };
+  PageCollection pages;
+  ASSERT_TRUE(report.Run(pages).ok);
+  std::string placed;
+  for (const auto& item : pages.Pages().at(0).items)
+    if (item.visible) placed += item.name + "@" + std::to_string(item.top) + " ";
+  EXPECT_EQ(placed, "o@0 i@100 d@200 grow@500 if@840 d@940 if@1040 of@1140 rf@1240 0lbl@1540 1lbl@1840 2lbl@2140 ");
+}
+
+}  // namespace
+}  // namespace lupin::engine::testing

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "common/text.h"
-#include "ehiden_fixture.h"
+#include "exchange_fixture.h"
 #include "exchange/ehiden_export.h"
 #include "run/file_report_dispatch.h"
 #include "support/test_databases.h"
@@ -49,10 +49,10 @@ TEST_P(EhidenRowFailure, EndsTheExportAndKeepsTheOldFile) {
     for (const auto generation : kGenerations) {
       WriteBytes(env.Out(), kOldFile);
       EhidenCsvWriter writer(generation);
-      EXPECT_EQ(writer.Export(env.context, grid, env.Out()), c.code) << c.what;
+      EXPECT_EQ(writer.Export(env.context, env.ui, grid, env.Out()), c.code) << c.what;
       EXPECT_EQ(writer.ErrorText(), c.message) << c.what;
       EXPECT_EQ(ReadBytes(env.Out()), kOldFile) << c.what;
-      const auto result = writer.Write(env.context, grid, env.Out());
+      const auto result = writer.Write(env.context, env.ui, grid, env.Out());
       EXPECT_EQ(result.code, c.code) << c.what;
       EXPECT_EQ(result.message, c.message) << c.what;
     }
@@ -78,7 +78,7 @@ TEST_F(EhidenExportFlow, NothingToWriteLeavesTheOldFileExceptTheThirdGenerations
   for (const auto generation : kGenerations) {
     WriteBytes(env_->Out(), kOldFile);
     EhidenCsvWriter writer(generation);
-    EXPECT_EQ(writer.Export(env_->context, grid, env_->Out()), kEhidenDone);
+    EXPECT_EQ(writer.Export(env_->context, env_->ui, grid, env_->Out()), kExportDone);
     const std::string bytes = ReadBytes(env_->Out());
     if (generation == EhidenGeneration::III) {
       EXPECT_TRUE(bytes.starts_with(text::ToCp932("\"お届け先コード取得区分\",").bytes));
@@ -98,7 +98,7 @@ TEST_F(EhidenExportFlow, NameCaptionComesFromTheGridOrDefaultsToName) {
   for (const auto& c : cases) {
     EhidenCsvWriter writer(EhidenGeneration::III);
     const auto grid = MakeGrid({{true, 202, "", "", "", ""}}, c.caption);
-    EXPECT_EQ(writer.Export(env_->context, grid, env_->Out()), kEhidenNameMissing);
+    EXPECT_EQ(writer.Export(env_->context, env_->ui, grid, env_->Out()), kEhidenNameMissing);
     EXPECT_EQ(writer.ErrorText(), c.message);
   }
 }
@@ -115,14 +115,14 @@ TEST_F(EhidenExportFlow, PathAndWriteFailuresNameTheGeneration) {
   };
   for (const auto& c : cases) {
     EhidenCsvWriter writer(c.generation);
-    EXPECT_EQ(writer.Export(env_->context, grid, ""), kEhidenNoPath);
+    EXPECT_EQ(writer.Export(env_->context, env_->ui, grid, ""), kExportNoPath);
     EXPECT_EQ(writer.ErrorText(), c.no_path);
-    EXPECT_EQ(writer.Export(env_->context, grid, env_->dir.Path() / "no_such_folder" / "e.csv"), kEhidenNotWritten);
+    EXPECT_EQ(writer.Export(env_->context, env_->ui, grid, env_->dir.Path() / "no_such_folder" / "e.csv"), kExportNotWritten);
     EXPECT_EQ(writer.ErrorText(), c.not_written);
     // Success leaves the last text on the writer; Write's result carries none.
-    EXPECT_EQ(writer.Export(env_->context, grid, env_->Out()), kEhidenDone);
+    EXPECT_EQ(writer.Export(env_->context, env_->ui, grid, env_->Out()), kExportDone);
     EXPECT_EQ(writer.ErrorText(), c.not_written);
-    EXPECT_EQ(writer.Write(env_->context, grid, env_->Out()).message, "");
+    EXPECT_EQ(writer.Write(env_->context, env_->ui, grid, env_->Out()).message, "");
   }
 }
 
@@ -131,7 +131,7 @@ TEST_F(EhidenExportFlow, DatabaseErrorEndsTheExportWithItsDescription) {
   common::Grid grid = MakeGrid({{true, 201, "", "鈴木", "", ""}, {true, 0, "", "壊れた行", "", ""}});
   grid.SetText(2, 2, "1 OR");  // an id the statement cannot take
   EhidenCsvWriter writer(EhidenGeneration::II);
-  EXPECT_EQ(writer.Export(env_->context, grid, env_->Out()), kEhidenDataError);
+  EXPECT_EQ(writer.Export(env_->context, env_->ui, grid, env_->Out()), kExportDataError);
   EXPECT_FALSE(writer.ErrorText().empty());
   EXPECT_EQ(ReadBytes(env_->Out()), kOldFile);
 }
@@ -142,15 +142,13 @@ TEST(EhidenWriters, ReportNumbersChooseTheGeneration) {
     bool exists;
     EhidenGeneration generation;
   } cases[] = {{91, true, EhidenGeneration::I}, {96, true, EhidenGeneration::II}, {104, true, EhidenGeneration::III},
-               {90, false, {}}};
+               {90, false, {}}, {25, false, {}}};
   for (const auto& c : cases) {
-    // The print run's dispatch hands out the same writers.
-    std::unique_ptr<FileWriter> writers[] = {EhidenWriterFor(c.report_no), run::FileWriterFor(c.report_no)};
-    for (const auto& writer : writers) {
-      ASSERT_EQ(writer != nullptr, c.exists) << c.report_no;
-      if (c.exists) {
-        EXPECT_EQ(dynamic_cast<EhidenCsvWriter&>(*writer).Generation(), c.generation) << c.report_no;
-      }
+    const auto writer = run::FileWriterFor(c.report_no);
+    auto* ehiden = dynamic_cast<EhidenCsvWriter*>(writer.get());
+    ASSERT_EQ(ehiden != nullptr, c.exists) << c.report_no;
+    if (c.exists) {
+      EXPECT_EQ(ehiden->Generation(), c.generation) << c.report_no;
     }
   }
 }

@@ -1,4 +1,4 @@
-#include "ehiden_fixture.h"
+#include "exchange_fixture.h"
 
 #include "common/text.h"
 

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "common/text.h"
-#include "ehiden_fixture.h"
+#include "exchange_fixture.h"
 #include "exchange/ehiden_export.h"
 #include "support/test_databases.h"
 
@@ -32,8 +32,8 @@ std::filesystem::path GoldenPath(const char* file) { return std::filesystem::pat
 std::string ExportBytes(ExportEnv& env, const common::Grid& grid, const GoldenCase& c) {
   c.setup_a ? ApplySetupA(env.context) : ApplySetupB(env.context);
   EhidenCsvWriter writer(c.generation);
-  const auto code = writer.Export(env.context, grid, env.Out());
-  EXPECT_EQ(code, kEhidenDone) << c.file << ": " << writer.ErrorText();
+  const auto code = writer.Export(env.context, env.ui, grid, env.Out());
+  EXPECT_EQ(code, kExportDone) << c.file << ": " << writer.ErrorText();
   return ReadBytes(env.Out());
 }
 

@@ -54,6 +54,10 @@ TEST(ApplyFormat, Rules) {
       {"free pairs are set and a bad one fails quietly",
        "<field=lblShopNote><alignment>1</alignment><control><left>5</left></control><top>2</top></field>",
        "lblShopNote", "Label \"\" ＭＳ 明朝 9pt 0,113 3000x400 shown tag=keep align=1"},
+      // 99999999 mm is about 5.7e9 twips, beyond any position: those sets are skipped, the rest applies.
+      {"a value out of range is skipped",
+       "<field=lblShopNote><left>99999999</left><top>2</top><width>99999999</width><height>5</height></field>",
+       "lblShopNote", "Label \"\" ＭＳ 明朝 9pt 1000,113 3000x284 shown tag=keep align=0"},
       {"twentieths round twice", "<field=shpBox><left>10.25</left><top>0.05</top></field>", "shpBox",
        "Shape \"\" ＭＳ 明朝 9pt 578,0 700x800 shown tag= align=0"},
       {"a page header control cannot be reached: Detail gets a label", "<field=lblTitle><left>30</left></field>",

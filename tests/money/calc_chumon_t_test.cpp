@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "common/vb.h"
+#include "entry/context.h"
 #include "money/calc_chumon_t.h"
 #include "money/errors.h"
 #include "support/test_databases.h"
@@ -140,6 +141,40 @@ TEST_P(CalcChumonTTest, TaxCheckDatePicksTheRateDate) {
   ExpectResults(calc_with("0"), {{1000, 800, 0}, {1100, 1080, 0}, {100, 80, 0}});
   // 2014 rates: everything at 8 %, and the reduced line's slot has no rate at all.
   ExpectResults(calc_with("1"), {{800, 0, 0}, {1080, 1000, 0}, {80, 0, 0}});
+}
+
+// A store without ResouceMode (a new workstation) runs in dialect 1, whose dates are #YYYY/MM/DD#;
+// every dialect must find the same rates, so CHUMON_T is the same whichever the workstation uses.
+TEST_P(CalcChumonTTest, EveryDialectGivesTheSameChumonT) {
+  fixture::InsertOrder(Db(), MixedOrder(80, 0));
+  fixture::InsertOrder(Db(), {.id = 81, .order_date = "2015/01/10", .postage = 600, .shipping_taxkbn = 1,
+                              .lines = {{"1000"}, {"2000", "2"}}});
+  std::string first;
+  for (const char* mode : {static_cast<const char*>(nullptr), "0", "1", "2"}) {
+    SCOPED_TRACE(mode ? mode : "no ResouceMode");
+    std::filesystem::remove_all(folder_);
+    std::filesystem::create_directories(folder_);
+    if (mode) Stores().SaveSetting(0, mode, "ResouceMode");
+    entry::Context context(&Db(), settings::StorePaths::InFolder(folder_), folder_);
+    entry::InitialiseContextSettings(context);
+    EXPECT_EQ(context.dialect, mode ? mode[0] - '0' : 1);
+    clsCalcChumonT calc(Stores());
+    calc.SetDb(Db(), context.dialect);
+    std::string rows;
+    for (const std::int32_t id : {80, 81}) {
+      calc.SetId(id);
+      calc.Calc();
+      db::Recordset rs = Db().Open("SELECT * FROM [CHUMON_T] WHERE [ID] = " + std::to_string(id));
+      for (const char* column : {"ZEIRATE1", "ZEIRATE1KIN", "ZEIRATE1ZEI", "ZEIRATE2", "ZEIRATE2KIN", "ZEIRATE2ZEI",
+                                 "ZEIRATE3", "ZEIRATE3KIN", "ZEIRATE3ZEI"}) {
+        rows += rs[column].Text() + ",";
+      }
+    }
+    if (first.empty()) first = rows;
+    EXPECT_EQ(rows, first);
+  }
+  // The mixed order at 10 % and 8 %, the 2015 order at 8 % with the old line's 5 % in slot 3.
+  EXPECT_EQ(first, "0.1,1996,182,0.08,841,62,0,0,0,0.08,1680,124,0,0,0,0.05,2100,100,");
 }
 
 LUPIN_INSTANTIATE_ENGINES(CalcChumonTTest);

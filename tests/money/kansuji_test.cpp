@@ -29,7 +29,8 @@ TEST(Kansuji, ReadingAndRewriting) {
     EXPECT_EQ(text, c.expected) << c.input;
   }
   // No zero sign is not positional; a lone zero already reads as 0.
-  const TextCase positional[] = {{"一〇丁目二〇三", "一十丁目二百三"}, {"二三", "二三"}, {"〇", "〇"}};
+  const TextCase positional[] = {{"一〇丁目二〇三", "一十丁目二百三"}, {"二三", "二三"}, {"〇", "〇"},
+                                 {"弐〇参", "二百三"}, {"壱〇〇伍", "一千五"}};
   for (const TextCase& c : positional) {
     std::string text = c.input;
     FillPositional(text);
@@ -37,16 +38,20 @@ TEST(Kansuji, ReadingAndRewriting) {
   }
 }
 
-TEST(Kansuji, ZeroSignCountsOnlyBeforeANumeral) {
+// Read backwards, each character with the one before it as its company: a zero sign counts only
+// when its company counts, by the same rule.
+TEST(Kansuji, ZeroSignCountsOnlyInTheCompanyOfANumeral) {
   struct Case {
-    std::string ch, next;
+    std::u32string text;
+    std::size_t pos;
     bool expected;
   };
   const Case cases[] = {
-      {"九", "丁", true}, {"廿", "", true}, {"〇", "三", true}, {"０", "五", true},
-      {"〇", "", false}, {"〇", "丁", false}, {"丁", "一", false}, {"1", "", false},
+      {U"丁九", 1, true}, {U"廿", 0, true}, {U"三〇", 1, true}, {U"五０", 1, true}, {U"二〇〇", 2, true},
+      {U"〇", 0, false}, {U"丁〇", 1, false}, {U"一丁", 1, false}, {U"1", 0, false},
+      {U"X〇〇", 2, false}, {U"〇〇", 1, false}, {U"弐〇", 1, true},
   };
-  for (const Case& c : cases) EXPECT_EQ(IsKansujiChar(c.ch, c.next), c.expected) << c.ch << " before " << c.next;
+  for (const Case& c : cases) EXPECT_EQ(IsKansujiChar(c.text, c.pos), c.expected) << c.pos;
 }
 
 std::string Positional(const std::string& digits, const std::string& zero_sign) {

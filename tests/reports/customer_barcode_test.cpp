@@ -4,7 +4,7 @@
 
 #include "common/text.h"
 #include "db/connection.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "reports/slips/customer_barcode.h"
 
@@ -43,9 +43,9 @@ TEST(MakeCustomerBarcode, NonNumericPostcodeGivesNoBarcode) {
 TEST(MakeCustomerBarcode, DemoCustomersGiveEncodableFields) {
   auto connection = db::OpenConnection("sqlite::memory:");
   entry::CreateSchema(*connection);
-  entry::DemoOptions options;
+  demo::DemoOptions options;
   options.orders = 200;
-  entry::FillDemoData(*connection, options);
+  demo::FillDemoData(*connection, options);
   int filled = 0;
   for (auto rs = connection->Open("SELECT [郵便番号], [住所] FROM [CUSTOMER]"); !rs.Eof(); rs.MoveNext()) {
     const std::string zip = rs["郵便番号"].Text();
@@ -73,6 +73,8 @@ TEST(ConvertKanjiNumerals, TurnsNumeralsBeforeAddressWordsIntoDigits) {
       // 千 of 千代田 is a numeral too, but 田 ends the run.
       {"RunStopsAtAWord", "千代田一丁目", "千代田1丁目"},
       {"LoneZeroSignIsNoNumeral", "〇号", "〇号"},
+      {"ZeroSignsCountOnlyBehindANumeral", "町〇〇号", "町〇〇号"},
+      {"FormalDigitByDigit", "弐〇参号", "203号"},
       // A word as the first character has nothing before it; the search moves past it.
       {"WordAtTheVeryStart", "丁目三番", "丁目3番"},
   };

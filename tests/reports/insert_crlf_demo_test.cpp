@@ -10,8 +10,8 @@
 #include "common/text.h"
 #include "db/connection.h"
 #include "engine/measure.h"
-#include "entry/demo_data.h"
-#include "entry/demo_words.h"
+#include "demo/demo_data.h"
+#include "demo/words.h"
 #include "entry/schema.h"
 #include "reports/slips/insert_crlf.h"
 
@@ -50,9 +50,9 @@ class DemoTexts : public ::testing::Test {
   static void SetUpTestSuite() {
     auto connection = db::OpenConnection("sqlite::memory:");
     entry::CreateSchema(*connection);
-    entry::DemoOptions options;
+    demo::DemoOptions options;
     options.orders = 600;
-    entry::FillDemoData(*connection, options);
+    demo::FillDemoData(*connection, options);
     for (const char* sql : {"SELECT [住所] FROM [CHUMON]", "SELECT [贈答先住所] FROM [CHUMON]",
                             "SELECT [ショップ住所] FROM [CHUMON]", "SELECT [住所] FROM [CUSTOMER]"}) {
       for (std::string& address : Column(*connection, sql)) addresses_->push_back(std::move(address));
@@ -113,7 +113,7 @@ TEST_F(DemoTexts, AddressesKeepEveryCharacterAndFitTheBoxes) {
           EXPECT_TRUE(StartsUnbreakable(line)) << line;
         }
       }
-      for (const auto& prefecture : entry::demo::kPrefectures) {
+      for (const auto& prefecture : demo::kPrefectures) {
         if (address.starts_with(prefecture.name)) {
           EXPECT_TRUE(lines.front().starts_with(prefecture.name));
         }

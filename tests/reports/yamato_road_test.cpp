@@ -10,25 +10,25 @@
 #include <sstream>
 
 #include "db/connection.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/ui.h"
 #include "run/headless_run.h"
 #include "run/preview_form.h"
 #include "run/preview_runner_engine.h"
 #include "run/print_form.h"
 #include "run/select_form.h"
-#include "yamato_fixture.h"
+#include "slip_fixture.h"
 
 namespace lupin::reports::testing {
 namespace {
 
 constexpr int kYamatoIds[] = {3001, 3002, 3003};
 
-class YamatoRoad : public YamatoDb {
+class YamatoRoad : public SlipDb {
  protected:
   void SetUp() override {
-    YamatoDb::SetUp();
-    entry::FillCatalogue(Db());
+    SlipDb::SetUp();
+    demo::FillCatalogue(Db());
     for (const int id : kYamatoIds) {
       SlipOrder order;
       order.id = id;

@@ -6,8 +6,9 @@
 #include <vector>
 
 #include "engine/display.h"
+#include "reports/slips/slip_registration.h"
 #include "reports/slips/yamato_slip.h"
-#include "yamato_fixture.h"
+#include "slip_fixture.h"
 
 namespace lupin::reports::testing {
 namespace {
@@ -42,7 +43,7 @@ struct GoldenCase {
   std::string format;  // <field=…> rows of a format file, "" for none
 };
 
-using YamatoGolden = YamatoDb;
+using YamatoGolden = SlipDb;
 
 TEST_P(YamatoGolden, PageDumps) {
   SlipOrder company_only, department_only, long_names, six, fraction, hidden_company2, plain;
@@ -99,7 +100,7 @@ TEST_P(YamatoGolden, PageDumps) {
 
 LUPIN_INSTANTIATE_ENGINES(YamatoGolden);
 
-class YamatoSlipRules : public YamatoDb {
+class YamatoSlipRules : public SlipDb {
  protected:
   std::vector<engine::Page> Pages(int report_no = 25, const std::string& default_item = "") {
     auto context = MakeContext(report_no);
@@ -182,11 +183,51 @@ TEST_P(YamatoSlipRules, CustomerModeTakesTheSenderOfTheLastCollectRun) {
   EXPECT_EQ(Text(collect[0], "lblNAME"), "鈴木 一郎");
   EXPECT_EQ(Text(collect[0], "lblCompany2"), "総務課");
   EXPECT_EQ(Text(collect[0], "lblSHOP_NAME"), "ルパン堂 本店");
-  // The plain object has run no order yet: no sender.
-  const auto plain = Pages(29);
-  ASSERT_EQ(plain.size(), 1u);
-  EXPECT_EQ(Text(plain[0], "lblSHOP_NAME"), "");
-  EXPECT_EQ(Text(plain[0], "lblNAME"), "鈴木 一郎");
+}
+
+// A customer run in a process where no order run named the shop: the chosen shop sends, or the
+// only one; with neither nothing is printed.
+TEST_P(YamatoSlipRules, CustomerModeWithoutAnOrderRunTakesTheChosenOrOnlyShop) {
+  SlipOrder order;
+  order.shop = "S0";
+  InsertOrder(order, false);
+  InsertCustomer(SlipCustomer{});
+  const struct {
+    const char* label;
+    std::string chosen;
+    bool only_shop;
+    int paper_type;
+    const char* sender;  // "" when the run stops
+  } cases[] = {
+      {"two shops, none chosen", "", false, 0, ""},
+      {"the chosen shop", "S0", false, 0, "ルパン堂 本店"},
+      {"a chosen shop without orders", "S1", false, 0, ""},
+      {"the only shop", "", true, 0, "ルパン堂 本店"},
+      {"a form with the sender printed needs none", "", false, 1, "-"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.label);
+    if (c.only_shop) Db().Execute("DELETE FROM [SHOP] WHERE [SHOP_ID] = 'S1'");
+    engine::ReportRegistry fresh;
+    RegisterYamatoReports(fresh);
+    auto context = MakeContext(29, c.paper_type);
+    context->run.shop = c.chosen;
+    auto report = fresh.Create("rptYamatoNew", *context);
+    engine::ApplyReportSettings(*report, context->current);
+    engine::PageCollection pages;
+    const auto result = report->Run(pages);
+    if (std::string(c.sender).empty()) {
+      EXPECT_FALSE(result.ok);
+      EXPECT_EQ(result.fault.description, kNoSenderShopMessage);
+      EXPECT_TRUE(pages.Pages().empty());
+      continue;
+    }
+    ASSERT_TRUE(result.ok) << result.fault.description;
+    ASSERT_EQ(pages.Pages().size(), 1u);
+    if (c.paper_type == 0) {
+      EXPECT_EQ(Text(pages.Pages()[0], "lblSHOP_NAME"), c.sender);
+    }
+  }
 }
 
 TEST_P(YamatoSlipRules, SlipPaper) {
@@ -224,10 +265,11 @@ TEST_P(YamatoSlipRules, QueryIsTheWorkstationsStagedRows) {
   EXPECT_EQ(static_cast<YamatoSlip&>(*registry_.Create("rptYamatoNew", *orders)).Query(),
             "SELECT [CHUMON].*,[WK_PRINT].[COMPANY],[WK_PRINT].[SIMEI], [WK_PRINT].[ORD_DATE], [WK_PRINT].[DATE], "
             "[WK_PRINT].[BIKO1], [WK_PRINT].[BIKO2], [WK_PRINT].[ITEM_ID1], [WK_PRINT].[SEK_GAKU] FROM [CHUMON], "
-            "[WK_PRINT] WHERE [CHUMON].[ID] = [WK_PRINT].[ID] AND [WK_PRINT].[CLIENT_NAME] = 'WS1'");
+            "[WK_PRINT] WHERE [CHUMON].[ID] = [WK_PRINT].[ID] AND [WK_PRINT].[CLIENT_NAME] = 'WS1' ORDER BY [CHUMON].[ID] ");
   EXPECT_EQ(static_cast<YamatoSlip&>(*registry_.Create("rptYamatoNew", *customers)).Query(),
             "SELECT [CUSTOMER].*,[WK_PRINT].[COMPANY],[WK_PRINT].[SIMEI] FROM [CUSTOMER],[WK_PRINT] "
-            "WHERE [CUSTOMER].[顧客NO] = [WK_PRINT].[SEK_GAKU] AND [WK_PRINT].[CLIENT_NAME] = 'O''Neil'");
+            "WHERE [CUSTOMER].[顧客NO] = [WK_PRINT].[SEK_GAKU] AND [WK_PRINT].[CLIENT_NAME] = 'O''Neil'"
+            " ORDER BY [CUSTOMER].[郵便番号],[CUSTOMER].[顧客NO]");
 }
 
 LUPIN_INSTANTIATE_ENGINES(YamatoSlipRules);

@@ -1,8 +1,14 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <nlohmann/json.hpp>
+
+#include <fstream>
 #include <sstream>
 
+#include "common/text.h"
 #include "run/headless_run.h"
+#include "run/preview_fixture.h"
 #include "run/run_db_support.h"
 #include "run/run_test_support.h"
 #include "support/test_databases.h"
@@ -22,7 +28,7 @@ class HeadlessRunTest : public lupin::testing::EngineTest {
     testing::AddReport(Db(), {.no = 18, .name = "佐川宅配伝票", .where = 1});
     testing::AddReport(Db(), {.no = 4, .name = "注文一覧表"});
     AddOrder(Db(), {.id = 1, .name = "a", .carrier = "佐川急便", .shipped = "2024/04/10"});
-    AddOrder(Db(), {.id = 2, .name = "b", .carrier = "佐川急便", .shipped = "2024/04/11"});
+    AddOrder(Db(), {.id = 2, .name = "ｂ株式会社", .carrier = "佐川急便", .shipped = "2024/04/11"});
     AddOrder(Db(), {.id = 3, .name = "c", .carrier = "ヤマト運輸", .shipped = "2024/04/11"});
     AddOrder(Db(), {.id = 4, .name = "d", .carrier = "佐川急便", .shipped = "2024/05/01"});
     options.db_url = lupin::testing::UrlOf(Db());
@@ -42,71 +48,212 @@ class HeadlessRunTest : public lupin::testing::EngineTest {
   std::ostringstream out, err;
 };
 
-TEST_P(HeadlessRunTest, PrintsTheStatementOfTheFormState) {
+TEST_P(HeadlessRunTest, SettingsOfTheRunLeaveTheStoresAlone) {
   options.sql_only = true;
-  options.date = Range{"2024/04/01", "2024/04/30"};
+  options.date = Range{"2024-04-01", "2024/4/30"};
   options.settings = {{"ListSort", "DESC"}};
-  ASSERT_EQ(Run(), 0) << err.str();
+  ASSERT_EQ(Run(), kExitDone) << err.str();
   EXPECT_EQ(out.str(),
             "SELECT [CHUMON].* FROM [CHUMON] WHERE ([出荷日] BETWEEN '2024/04/01' AND '2024/04/30') "
-            "ORDER BY [CHUMON].[ID] DESC\n");
-  options.clear_criteria = true;
-  options.date.reset();
-  options.unprinted = true;
-  options.settings.clear();
-  ASSERT_EQ(Run(), 0);
-  EXPECT_EQ(out.str(),
-            "SELECT [CHUMON].* FROM [CHUMON] WHERE [ID] NOT IN (SELECT [ID] FROM [PRINTED] WHERE [REPORT_NO] = 18) "
             "ORDER BY [CHUMON].[ID] DESC\n")
-      << "the setting written by the first run stays";
+      << "dates reach the form as YYYY/MM/DD";
+  options.settings.clear();
+  ASSERT_EQ(Run(), kExitDone);
+  EXPECT_EQ(out.str().find("DESC"), std::string::npos) << "the setting was for the first run only";
+  EXPECT_FALSE(std::filesystem::exists(folder.Path() / "settings" / "lupin.ini") &&
+               testing::ReadAll(folder.Path() / "settings" / "lupin.ini").find("DESC") != std::string::npos);
 }
 
-TEST_P(HeadlessRunTest, ADateThatIsNoDateStopsBeforeAnySql) {
-  options.sql_only = true;
-  options.date = Range{"2024/04/01", "2024/13/45"};
-  EXPECT_EQ(Run(), 1);
-  EXPECT_TRUE(out.str().empty());
-  EXPECT_NE(err.str().find("日付を入力してください。"), std::string::npos);
+TEST_P(HeadlessRunTest, RefusalsNameTheOptionTheValueAndWhatIsExpected) {
+  struct Case {
+    const char* what;
+    void (*set)(RunOptions&);
+    int code;
+    const char* message;
+  };
+  const Case cases[] = {
+      {"no date", [](RunOptions& o) { o.date = Range{"2024/02/30", "2024/03/01"}; }, kExitUsage,
+       "--date の値 '2024/02/30:2024/03/01' の '2024/02/30' は日付ではありません。"},
+      {"reversed", [](RunOptions& o) { o.date = Range{"2024/03/30", "2024/3/1"}; }, kExitUsage,
+       "--date の範囲 '2024/03/30:2024/3/1' は終わり (2024/03/01) が始め (2024/03/30) より前です。"},
+      {"id", [](RunOptions& o) { o.id = Range{"9", "x"}; }, kExitUsage, "--id の値 '9:x' の 'x' は番号ではありません。"},
+      {"payment", [](RunOptions& o) { o.payment = "現金"; }, kExitUsage, "支払方法は次のいずれかです: すべて"},
+      {"shop", [](RunOptions& o) { o.shop = "Z"; }, kExitUsage, "--shop の値 'Z' のショップはありません。"},
+      {"report", [](RunOptions& o) { o.report = 77; }, kExitUsage, "18 (佐川宅配伝票)"},
+      {"letters for a waybill", [](RunOptions& o) { o.denno = "abc"; }, kExitUsage,
+       "--denno の値 'abc' は佐川急便の伝票番号ではありません。12 桁の数字"},
+      {"eleven digits", [](RunOptions& o) { o.denno = "1234-5678-901"; }, kExitUsage, "12 桁の数字"},
+      {"empty list", [](RunOptions& o) { o.date = Range{"2030/01/01", "2030/01/31"}; }, kExitNothing,
+       "該当するデータがありません。"},
+      {"no database file", [](RunOptions& o) { o.db_url = "sqlite:/nonexistent/shop.db"; }, kExitNotOpened,
+       "データベースのファイル '/nonexistent/shop.db' がありません。"},
+  };
+  const RunOptions base = options;
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    options = base;
+    if (c.what == std::string("no database file") && options.db_url.rfind("sqlite:", 0) != 0) continue;
+    c.set(options);
+    EXPECT_EQ(Run(), c.code);
+    EXPECT_NE(err.str().find(c.message), std::string::npos) << err.str();
+    EXPECT_TRUE(out.str().empty() || c.code == kExitNothing) << out.str();
+  }
+  EXPECT_EQ(Count(Db(), "FROM [PRINTED]"), 0);
 }
 
-TEST_P(HeadlessRunTest, BooksLedgerAndWaybillsForTheCheckedOrders) {
+TEST_P(HeadlessRunTest, NoBookkeepingForAReportWithoutPages) {
+  testing::ScopedEngineRunner engine;
+  Db().Execute("UPDATE [CHUMON] SET [出荷伝票番号] = 'old'");
+  options.date = Range{"2024/04/01", "2024/04/30"};
+  options.denno = "1234-5678-9013";
+  const std::string pdf = (folder.Path() / "slips.pdf").string();
+  for (const PreviewOutputs& outputs : {PreviewOutputs{.print = true, .print_pdf = pdf}, PreviewOutputs{}}) {
+    options.outputs = outputs;
+    options.book = !outputs.print;
+    EXPECT_EQ(Run(), kExitStopped);
+    EXPECT_NE(err.str().find("帳票が登録されていません。"), std::string::npos) << err.str();
+    EXPECT_EQ(Count(Db(), "FROM [PRINTED]"), 0);
+    EXPECT_EQ(Count(Db(), "FROM [CHUMON] WHERE [出荷伝票番号] <> 'old'"), 0);
+    EXPECT_FALSE(std::filesystem::exists(pdf));
+  }
+}
+
+TEST_P(HeadlessRunTest, ListIsATableByDisplayWidthWithItsCriteriaOrJsonWithNamedKeys) {
+  options.quiet = false;
   options.date = Range{"2024/04/01", "2024/04/30"};
   options.uncheck = {"2"};
-  options.denno = " 1234-5678-9019 ";
-  options.book = true;
-  ASSERT_EQ(Run(), 0) << err.str();
-  EXPECT_EQ(Column(Db(), "SELECT [ID] FROM [WK_PRINT] WHERE [CLIENT_NAME] = 'PC01'", "ID"),
-            std::vector<std::string>{"1"}) << "order 3 is Yamato's, order 4 out of range, order 2 unchecked";
-  EXPECT_EQ(Count(Db(), "FROM [PRINTED] WHERE [REPORT_NO] = 18 AND [ID] = 1"), 1);
-  EXPECT_EQ(Column(Db(), "SELECT [出荷伝票番号] FROM [CHUMON] WHERE [ID] = 1", "出荷伝票番号"),
-            std::vector<std::string>{"1234-5678-9013"});
+  ASSERT_EQ(Run(), kExitDone) << err.str();
+  std::istringstream lines(out.str());
+  std::string header, first, second;
+  std::getline(lines, header);
+  std::getline(lines, first);
+  std::getline(lines, second);
+  // "ｂ株式会社" is 9 columns wide: one half-width and four full-width characters.
+  const auto column = [](const std::string& line, const std::string& text) {
+    return text::ByteLen(line.substr(0, line.find(text)));
+  };
+  EXPECT_EQ(column(first, "2024/04/10"), column(second, "2024/04/11")) << out.str();
+  EXPECT_EQ(first.substr(0, 3), "[x]");
+  EXPECT_EQ(second.substr(0, 3), "[ ]");
+  EXPECT_NE(out.str().find("条件: 出荷日 2024/04/01 〜 2024/04/30、配送業者 「佐川」を含む\n2 件 (チェック 1 件)\n"),
+            std::string::npos)
+      << out.str();
 
-  options.no_redenno = true;
-  options.denno = "999";
-  ASSERT_EQ(Run(), 0);
-  EXPECT_EQ(Column(Db(), "SELECT [出荷伝票番号] FROM [CHUMON] WHERE [ID] = 1", "出荷伝票番号"),
-            std::vector<std::string>{"1234-5678-9013"}) << "a cleared 再度付番する numbers nothing";
+  options.json = true;
+  ASSERT_EQ(Run(), kExitDone) << err.str();
+  const auto list = nlohmann::json::parse(out.str());
+  EXPECT_EQ(list["count"], 2);
+  EXPECT_EQ(list["rows"][1]["id"], 2);
+  EXPECT_EQ(list["rows"][1]["checked"], false);
+  EXPECT_EQ(list["rows"][1]["name"], "ｂ株式会社");
+  EXPECT_EQ(list["criteria"]["出荷日"], "2024/04/01 〜 2024/04/30");
+
+  options.date = Range{"2030/01/01", "2030/01/01"};
+  EXPECT_EQ(Run(), kExitNothing);
+  EXPECT_EQ(nlohmann::json::parse(out.str())["rows"], nlohmann::json::array());
 }
 
-TEST_P(HeadlessRunTest, OnlyChecksTheNamedRowsAndPrintsTheTable) {
-  options.quiet = false;
-  options.report = 4;
-  options.only = {"2", "4"};
-  ASSERT_EQ(Run(), 0) << err.str();
-  EXPECT_EQ(Column(Db(), "SELECT [ID] FROM [WK_PRINT] ORDER BY [ID]", "ID"), (std::vector<std::string>{"2", "4"}));
-  EXPECT_NE(out.str().find("[x]\t2\t"), std::string::npos) << out.str();
-  EXPECT_NE(out.str().find("[ ]\t1\t"), std::string::npos) << out.str();
-}
+// A runner that shows which object ran and counts the prints.
+class RecordingRunner : public PreviewRunner {
+ public:
+  bool Run(entry::Context&, std::string_view object) override {
+    ran = object;
+    return true;
+  }
+  int RecordCount() const override { return 1; }
+  bool Print() override { return ++prints, true; }
+  int Pages() const override { return 1; }
+  std::string ran;
+  int prints = 0;
+};
 
-TEST_P(HeadlessRunTest, StopsWithAMessageWhenNothingIsFoundOrTheReportIsUnknown) {
-  options.date = Range{"2030/01/01", "2030/01/31"};
-  EXPECT_EQ(Run(), 1);
-  EXPECT_NE(err.str().find("該当するデータがありません。"), std::string::npos);
-  options.report = 77;
-  EXPECT_EQ(Run(), 2);
+TEST_P(HeadlessRunTest, PagesOfReport92AreTheRequestForMaterialAndBookNothing) {
+  testing::AddReport(Db(), {.no = 92, .name = "WELLNETコンペイ君"});
+  options.report = 92;
+  options.outputs.print = true;
+  options.outputs.print_pdf = (folder.Path() / "siryo.pdf").string();
+  RecordingRunner runner;
+  out.str("");
+  err.str("");
+  ASSERT_EQ(RunHeadless(options, out, err, &runner), 0) << err.str();
+  EXPECT_EQ(runner.ran, "rptWellNet");
+  EXPECT_EQ(runner.prints, 1);
+  EXPECT_EQ(Count(Db(), "FROM [PRINTED]"), 0);
+  EXPECT_FALSE(std::filesystem::exists(folder.Path() / "wellnet.csv")) << "the request run writes no file";
 }
 
 LUPIN_INSTANTIATE_ENGINES(HeadlessRunTest);
+
+// Slips of the demo shop, where the engine has the report object.
+class HeadlessWaybillRun : public testing::PreviewRunTest {};
+
+TEST_P(HeadlessWaybillRun, BooksWithTheCheckDigitComputedAndWarnsWhereTheRulesSurprise) {
+  Db().Execute("UPDATE [CHUMON] SET [出荷伝票番号] = '' WHERE [ID] > 1");
+  Db().Execute("UPDATE [CHUMON] SET [出荷伝票番号] = '999' WHERE [ID] = 1");
+  options.report = 25;
+  options.denno = "1234-5678-9019";
+  options.book = true;
+  ASSERT_EQ(Run(), kExitDone) << err.str();
+  const std::string text = err.str();
+  EXPECT_NE(text.find("1234-5678-9019 のチェックデジットは計算し直します: 1234-5678-9013 から付番します。"),
+            std::string::npos) << text;
+  const long others = Count(Db(), "FROM [CHUMON] WHERE [ID] <= 5 AND [宅配業者] NOT LIKE '%ヤマト%' AND [宅配業者] NOT LIKE '%クロネコ%'");
+  if (others > 0) {
+    EXPECT_NE(text.find("警告: 一覧に他の配送業者の受注が " + std::to_string(others) + " 件あります"), std::string::npos) << text;
+  }
+  EXPECT_NE(text.find("警告: 伝票番号が既にある受注 1 件の番号を書き換えます。"), std::string::npos) << text;
+  EXPECT_LT(text.find("警告:"), text.find("台帳 5 件")) << "the warnings come before the numbering";
+  EXPECT_EQ(Column(Db(), "SELECT [出荷伝票番号] FROM [CHUMON] WHERE [ID] = 1", "出荷伝票番号"),
+            std::vector<std::string>{"1234-5678-9013"});
+}
+
+TEST_P(HeadlessWaybillRun, OutputsThatCannotBeWrittenOrPrintedBookNothing) {
+  std::filesystem::create_directories(File("locked"));
+  std::filesystem::permissions(File("locked"), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+  const bool root = ::access(File("locked").c_str(), W_OK) == 0;  // root writes anywhere
+  struct Case {
+    const char* what;
+    PreviewOutputs outputs;
+    const char* message;
+  };
+  const Case cases[] = {
+      {"unwritable folder", {.print = true, .print_pdf = (File("locked") / "slips.pdf").string()}, "に書き込む権限がありません。"},
+      {"missing folder", {.print = true, .print_pdf = (File("missing") / "slips.pdf").string()}, "がありません。"},
+      {"no such printer", {.print = true, .printer = "NoSuchQueue"}, "--print: "},
+      {"no default printer", {.print = true}, "--print: "},
+  };
+  testing::UseCupsServer("127.0.0.1:9");
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    if (root && c.what == std::string("unwritable folder")) continue;
+    options.outputs = c.outputs;
+    EXPECT_EQ(Run(), kExitNotOpened);
+    EXPECT_NE(err.str().find(c.message), std::string::npos) << err.str();
+    EXPECT_EQ(Ledger(54), 0);
+    EXPECT_EQ(Count(Db(), "FROM [WK_PRINT]"), 0) << "refused before the staging";
+  }
+  std::filesystem::permissions(File("locked"), std::filesystem::perms::owner_all);
+}
+
+TEST_P(HeadlessWaybillRun, PngRunWritesOnlyItsPagesAndClearsStaleTemporaries) {
+  const auto pages = File("pages");
+  std::filesystem::create_directories(pages);
+  for (const char* name : {"page-0006.png", "page-0012.png", "notes.png"}) std::ofstream(pages / name) << "old";
+  std::ofstream(File("pages.pdf.part-999999999-1")) << "left by a killed run";
+  std::ofstream(File("pages.pdf.part-" + std::to_string(::getpid()) + "-77")) << "a live process's";
+  options.outputs = {.pdf = File("pages.pdf").string(), .png_dir = pages.string()};
+  ASSERT_EQ(Run(), kExitDone) << err.str();
+  EXPECT_TRUE(std::filesystem::exists(pages / "page-0005.png"));
+  EXPECT_FALSE(std::filesystem::exists(pages / "page-0006.png"));
+  EXPECT_FALSE(std::filesystem::exists(pages / "page-0012.png"));
+  EXPECT_TRUE(std::filesystem::exists(pages / "notes.png")) << "only page images of a run go";
+  EXPECT_FALSE(std::filesystem::exists(File("pages.pdf.part-999999999-1")));
+  EXPECT_TRUE(std::filesystem::exists(File("pages.pdf.part-" + std::to_string(::getpid()) + "-77")));
+  EXPECT_NE(err.str().find("出力しました: " + File("pages.pdf").string() + "\n"), std::string::npos) << err.str();
+  EXPECT_NE(err.str().find("出力しました: " + (pages / "page-0005.png").string() + "\n"), std::string::npos);
+}
+
+LUPIN_INSTANTIATE_ENGINES(HeadlessWaybillRun);
 
 }  // namespace
 }  // namespace lupin::run

@@ -14,7 +14,7 @@
 #include <sstream>
 #include <string>
 
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "run/headless_run.h"
 #include "run/preview_runner_engine.h"
@@ -89,8 +89,8 @@ class PreviewRunTest : public lupin::testing::EngineTest {
   void SetUp() override {
     EngineTest::SetUp();
     entry::CreateSchema(Db());
-    entry::FillCatalogue(Db());
-    entry::FillDemoData(Db(), {.orders = 12, .seed = 5});
+    demo::FillCatalogue(Db());
+    demo::FillDemoData(Db(), {.orders = 12, .seed = 5});
     options.db_url = lupin::testing::UrlOf(Db());
     options.home = folder.Path().string();
     options.settings_dir = (folder.Path() / "settings").string();

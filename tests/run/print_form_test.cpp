@@ -135,7 +135,7 @@ TEST_P(PrintFormTest, PageReportStagesAndOpensThePreview) {
 class FakeWriter : public exchange::FileWriter {
  public:
   FakeWriter(exchange::FileResult result, std::string* path) : result_(std::move(result)), path_(path) {}
-  exchange::FileResult Write(entry::Context&, const common::Grid& grid, const std::filesystem::path& path) override {
+  exchange::FileResult Write(entry::Context&, entry::Ui&, const common::Grid& grid, const std::filesystem::path& path) override {
     *path_ = path.string() + "|" + std::to_string(grid.CheckedCount());
     return result_;
   }
@@ -190,7 +190,8 @@ TEST_P(PrintFormTest, CustomerReportsFillTheCustomerGrid) {
   Db().Execute("INSERT INTO [CUSTOMER]([顧客NO],[顧客会社名],[顧客名],[住所],[TEL番号],[郵便番号]) "
                "VALUES(42,'社','客','東京都','03-1','150-0001')");
   env->context.current.report_no = 23;
-  env->context.current.other_tbl_name = "CUSTOMER";
+  // Any table name switches to customers, as it switches the query builder.
+  env->context.current.other_tbl_name = "KOKYAKU";
   select->SQL = "SELECT * FROM [CUSTOMER] ORDER BY [郵便番号],[顧客NO]";
   auto& f = Open();
   EXPECT_TRUE(f.sprCustomer.Visible());

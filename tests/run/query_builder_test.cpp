@@ -208,7 +208,7 @@ TEST_F(FilterTest, SalesSummaryResolvesTheCashOnDeliveryItem) {
   form.cboPayment.list_index = 1;
   form.cboShop_id.list_index = 1;
   EXPECT_EQ(BuildSelection(form, "").sales_summary,
-            (SalesSummaryFilter{"2024/01/01", "2024/01/31", "5", "9", "代引", "A"}));
+            (SalesSummaryFilter{"2024/01/01", "2024/01/31", "5", "9", "代引", "A", true}));
   form.cboPayment.list_index = 3;
   form.chkChumonOption[1].value = 0;
   form.cboShop_id.list_index = -1;

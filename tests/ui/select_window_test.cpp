@@ -116,7 +116,7 @@ TEST(ShowLoop, ShowReturnsWhenTheSelectionFormIsClosed) {
   App();
   auto db = lupin::testing::FreshDatabase(db::Engine::Sqlite);
   entry::CreateSchema(*db);
-  entry::FillCatalogue(*db);
+  demo::FillCatalogue(*db);
   TempHome home;
   entry::Lupns6pt lupns6pt(settings::StorePaths::InFolder(home.Path() / "settings"), home.Path());
   lupns6pt.dbConnection(db.get());

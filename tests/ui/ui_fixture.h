@@ -15,7 +15,7 @@
 
 #include "catalogue/printer_capabilities.h"
 #include "entry/context.h"
-#include "entry/demo_data.h"
+#include "demo/demo_data.h"
 #include "entry/schema.h"
 #include "support/test_databases.h"
 #include "ui/desktop_session.h"
@@ -69,8 +69,8 @@ class DesktopTest : public ::testing::Test {
     App();
     db_ = lupin::testing::FreshDatabase(db::Engine::Sqlite);
     entry::CreateSchema(*db_);
-    entry::FillCatalogue(*db_);
-    entry::FillDemoData(*db_, {.orders = demo_orders_, .seed = 5});
+    demo::FillCatalogue(*db_);
+    demo::FillDemoData(*db_, {.orders = demo_orders_, .seed = 5});
     context_ = std::make_unique<entry::Context>(db_.get(), settings::StorePaths::InFolder(home_.Path() / "settings"),
                                                 home_.Path());
     context_->login = {"山田", 1, "PC01"};

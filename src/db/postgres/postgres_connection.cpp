@@ -51,9 +51,9 @@ class PostgresConnection final : public Connection {
   ~PostgresConnection() override { PQfinish(conn_); }
 
   long Execute(std::string_view sql) override {
-    std::string text = BracketsToDoubleQuotes(sql);
+    std::string text = EngineSqlText(sql, true);
     if (in_transaction_ && IsDeferrable(text)) {
-      if (!failure_.empty()) throw DbError(failure_);
+      if (!failure_.empty()) ThrowFailure();
       if (batch_.Add(text)) Flush();
       return -1;
     }
@@ -61,11 +61,11 @@ class PostgresConnection final : public Connection {
   }
 
   long ExecuteNow(std::string_view sql) override {
-    return Affected(Run(BracketsToDoubleQuotes(sql)).get());
+    return Affected(Run(EngineSqlText(sql, true)).get());
   }
 
   Recordset Open(std::string_view sql) override {
-    Result result = Run(BracketsToDoubleQuotes(sql));
+    Result result = Run(EngineSqlText(sql, true));
     PGresult* r = result.get();
     const int columns = PQnfields(r);
     const int count = PQntuples(r);
@@ -97,26 +97,39 @@ class PostgresConnection final : public Connection {
 
   void BeginTrans() override {
     if (in_transaction_) throw DbError("トランザクションは既に開始されています。");
-    Send("BEGIN");
+    // BEGIN travels with the transaction's first statement: one round trip less per transaction.
+    batch_.Add("BEGIN");
+    begun_ = false;
     in_transaction_ = true;
     failure_.clear();
+    failure_conflict_ = false;
   }
 
   void CommitTrans() override {
     if (!in_transaction_) throw DbError("トランザクションが開始されていません。");
-    if (failure_.empty()) {
-      try {
-        Flush();
-      } catch (const DbError&) {
-      }
-    }
     if (!failure_.empty()) {
       std::string failure = std::move(failure_);
+      const bool conflict = failure_conflict_;
       RollbackTrans();
+      if (conflict) throw ConflictError(failure);
       throw DbError(failure);
     }
     in_transaction_ = false;
-    Send("COMMIT");
+    if (!begun_ && batch_.Count() == 1) {
+      batch_.Clear();  // nothing happened: nothing to send
+      return;
+    }
+    batch_.Add("COMMIT");
+    std::string text = batch_.Text();
+    batch_.Clear();
+    try {
+      Send(text);
+    } catch (const DbError&) {
+      // A failed statement stops the text before its COMMIT: the server's transaction is still open.
+      try { Send("ROLLBACK"); } catch (const DbError&) {}
+      throw;
+    }
+    begun_ = false;
   }
 
   void RollbackTrans() override {
@@ -124,7 +137,9 @@ class PostgresConnection final : public Connection {
     in_transaction_ = false;
     failure_.clear();
     batch_.Clear();
-    Send("ROLLBACK");
+    // A BEGIN that never left needs no ROLLBACK.
+    if (begun_) Send("ROLLBACK");
+    begun_ = false;
   }
 
   bool InTransaction() const override { return in_transaction_; }
@@ -143,15 +158,36 @@ class PostgresConnection final : public Connection {
     if (batch_.Empty()) return;
     std::string text = batch_.Text();
     batch_.Clear();
+    begun_ = true;
     Send(text);
   }
 
   void Send(const std::string& text) { Result ignored = Exec(text); }
 
+  [[noreturn]] void ThrowFailure() const {
+    if (failure_conflict_) throw ConflictError(failure_);
+    throw DbError(failure_);
+  }
+
+  // deadlock_detected, serialization_failure, unique_violation
+  static bool IsConflict(const PGresult* result) {
+    const char* state = result ? PQresultErrorField(result, PG_DIAG_SQLSTATE) : nullptr;
+    if (state == nullptr) return false;
+    const std::string_view code(state);
+    return code == "40P01" || code == "40001" || code == "23505";
+  }
+
+  // Waiting statements go ahead of the text in the same round trip; the result is the text's.
   Result Run(const std::string& text) {
     if (in_transaction_) {
-      if (!failure_.empty()) throw DbError(failure_);
-      Flush();
+      if (!failure_.empty()) ThrowFailure();
+      if (!batch_.Empty()) {
+        std::string combined = batch_.Text();
+        batch_.Clear();
+        begun_ = true;
+        combined += text;
+        return Exec(combined);
+      }
     }
     return Exec(text);
   }
@@ -162,13 +198,20 @@ class PostgresConnection final : public Connection {
     if (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK || status == PGRES_EMPTY_QUERY) return result;
     std::string message = Trimmed(result ? PQresultErrorMessage(result.get()) : PQerrorMessage(conn_));
     if (message.empty()) message = Trimmed(PQerrorMessage(conn_));
-    if (in_transaction_ && failure_.empty()) failure_ = message;
+    const bool conflict = IsConflict(result.get());
+    if (in_transaction_ && failure_.empty()) {
+      failure_ = message;
+      failure_conflict_ = conflict;
+    }
+    if (conflict) throw ConflictError(message);
     throw DbError(message);
   }
 
   PGconn* conn_ = nullptr;
   bool in_transaction_ = false;
   std::string failure_;  // the first error inside the open transaction
+  bool failure_conflict_ = false;
+  bool begun_ = false;  // the transaction's BEGIN has reached the server
   StatementBatch batch_;
 };
 

@@ -8,6 +8,8 @@
 #include <unordered_set>
 #include <vector>
 
+#include "db/identifier_quotes.h"
+
 namespace lupin::db {
 namespace {
 
@@ -28,6 +30,54 @@ Value ColumnValue(sqlite3_stmt* statement, int column) {
     }
   }
 }
+
+struct Finalizer {
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using OwnedStatement = std::unique_ptr<sqlite3_stmt, Finalizer>;
+
+// A prepared statement of its own, stepped as the recordset moves.
+class StatementRows final : public RowSource {
+ public:
+  StatementRows(sqlite3* db, OwnedStatement statement) : db_(db), statement_(std::move(statement)) {}
+
+  bool Next(std::vector<Value>& row) override {
+    const int rc = sqlite3_step(statement_.get());
+    if (rc == SQLITE_DONE) return false;
+    if (rc != SQLITE_ROW) Fail();
+    const int columns = sqlite3_column_count(statement_.get());
+    row.clear();
+    row.reserve(static_cast<std::size_t>(columns));
+    for (int c = 0; c < columns; ++c) row.push_back(ColumnValue(statement_.get(), c));
+    return true;
+  }
+
+  void Rewind() override { sqlite3_reset(statement_.get()); }
+
+  std::size_t Count() override {
+    const char* sql = sqlite3_sql(statement_.get());
+    sqlite3_stmt* raw = nullptr;
+    if (sqlite3_prepare_v2(db_, sql, -1, &raw, nullptr) != SQLITE_OK) Fail();
+    OwnedStatement counter(raw);
+    std::size_t count = 0;
+    for (int rc; (rc = sqlite3_step(counter.get())) != SQLITE_DONE; ++count) {
+      if (rc != SQLITE_ROW) Fail();
+    }
+    return count;
+  }
+
+  void Release() override { sqlite3_reset(statement_.get()); }
+
+ private:
+  [[noreturn]] void Fail() {
+    std::string message = sqlite3_errmsg(db_);
+    sqlite3_reset(statement_.get());
+    throw DbError(message);
+  }
+
+  sqlite3* db_;
+  OwnedStatement statement_;
+};
 
 class SqliteConnection final : public Connection {
  public:
@@ -60,6 +110,26 @@ class SqliteConnection final : public Connection {
     std::vector<std::vector<Value>> rows;
     Run(sql, &names, &rows);
     return Recordset(std::move(names), std::move(rows));
+  }
+
+  Recordset OpenForward(std::string_view sql) override {
+    // Texts of several statements keep the materialised path, which runs them all.
+    const char* tail = nullptr;
+    sqlite3_stmt* raw = nullptr;
+    const int rc = sqlite3_prepare_v2(db_, sql.data(), static_cast<int>(sql.size()), &raw, &tail);
+    OwnedStatement statement(raw);
+    if (rc != SQLITE_OK) Fail(sqlite3_errmsg(db_));
+    if (!statement || !IsBlank(std::string_view(tail, static_cast<std::size_t>(sql.data() + sql.size() - tail)))) {
+      return Open(sql);
+    }
+    std::vector<std::string> names;
+    const int columns = sqlite3_column_count(statement.get());
+    for (int c = 0; c < columns; ++c) names.emplace_back(sqlite3_column_name(statement.get(), c));
+    try {
+      return Recordset(std::move(names), std::make_shared<StatementRows>(db_, std::move(statement)));
+    } catch (const DbError& e) {
+      Fail(e.what());
+    }
   }
 
   void BeginTrans() override {
@@ -98,14 +168,14 @@ class SqliteConnection final : public Connection {
     throw DbError(message);
   }
 
-  struct Finalizer {
-    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-  };
-  using OwnedStatement = std::unique_ptr<sqlite3_stmt, Finalizer>;
-
   // Runs every statement of the text; the rows and names are those of the last one.
   void Run(std::string_view sql, std::vector<std::string>* names = nullptr,
            std::vector<std::vector<Value>>* rows = nullptr) {
+    if (HasDateHash(sql)) {
+      // Dialect 1 writes dates as #YYYY/MM/DD#, which SQLite reads only in quotes.
+      const std::string text = EngineSqlText(sql, false);
+      if (text != sql) return Run(text, names, rows);
+    }
     if (auto found = cache_.find(sql); found != cache_.end()) {
       Step(found->second, names, rows);
       return;

@@ -1,7 +1,5 @@
 #include "reports/documents/picking.h"
 
-#include <cmath>
-
 #include "common/sql.h"
 #include "common/vb.h"
 
@@ -12,15 +10,6 @@ namespace {
 constexpr int kLines = 20;
 
 }  // namespace
-
-std::string QuantityText(double quantity) {
-  if (quantity == std::floor(quantity)) return vb::Format(quantity, "#,##0");
-  const std::string fixed = vb::Format(std::fabs(quantity), "0.00");
-  const std::string decimals = fixed.substr(fixed.size() - 2);
-  if (decimals == "00") return vb::Format(quantity, "#,##0");
-  if (decimals[1] == '0') return vb::Format(quantity, "#,##0.0");
-  return vb::Format(quantity, "#,##0.00");
-}
 
 PickingReport::PickingReport(entry::Context& context, std::string_view designer_name)
     : ReportFrame(context, designer_name) {

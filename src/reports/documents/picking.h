@@ -7,6 +7,7 @@
 
 #include "engine/report_registry.h"
 #include "layout/report_frame.h"
+#include "reports/documents/list_text.h"
 
 namespace lupin::reports {
 
@@ -41,9 +42,5 @@ class rptPickingSyuYDate : public PickingReport {
 };
 
 void RegisterPickingReports(engine::ReportRegistry& registry);
-
-// A quantity as the lists print it: whole numbers "#,##0", otherwise as many decimals (one or
-// two) as the value needs.
-std::string QuantityText(double quantity);
 
 }  // namespace lupin::reports

@@ -36,11 +36,7 @@ std::u32string WithoutBlanks(std::u32string text) {
 bool ReplaceRunBefore(std::u32string& text, int at) {
   std::size_t begin = static_cast<std::size_t>(at - 1);  // 0-based end of the run, exclusive
   const std::size_t end = begin;
-  while (begin > 0) {
-    const char32_t company = begin >= 2 ? text[begin - 2] : U'\0';
-    if (!money::IsKansujiChar(text[begin - 1], company)) break;
-    --begin;
-  }
+  while (begin > 0 && money::IsKansujiChar(text, begin - 1)) --begin;
   if (begin < end) {
     std::string run = text::FromU32(std::u32string_view(text).substr(begin, end - begin));
     // Numbers written digit by digit (二〇三) get their units first.

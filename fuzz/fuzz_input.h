@@ -1,0 +1,34 @@
+#pragma once
+// The fuzzer's bytes as text, and a few small numbers taken off their front.
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace lupin::fuzz {
+
+class Input {
+ public:
+  Input(const std::uint8_t* data, std::size_t size) : rest_(reinterpret_cast<const char*>(data), size) {}
+
+  // One byte as a number, 0 when the input is used up.
+  std::uint8_t Byte() {
+    if (rest_.empty()) return 0;
+    const auto b = static_cast<std::uint8_t>(rest_.front());
+    rest_.remove_prefix(1);
+    return b;
+  }
+  // The text up to the next NUL (or the end).
+  std::string Piece() {
+    const auto nul = rest_.find('\0');
+    std::string piece(rest_.substr(0, nul));
+    rest_.remove_prefix(nul == std::string_view::npos ? rest_.size() : nul + 1);
+    return piece;
+  }
+  std::string Rest() const { return std::string(rest_); }
+
+ private:
+  std::string_view rest_;
+};
+
+}  // namespace lupin::fuzz

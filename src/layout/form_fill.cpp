@@ -1,0 +1,73 @@
+#include "layout/form_fill.h"
+
+#include <cmath>
+
+#include "common/sql.h"
+#include "common/text.h"
+#include "common/vb.h"
+#include "engine/report.h"
+#include "layout/format_apply.h"
+
+namespace lupin::layout {
+
+engine::Control& FormControl(engine::Section& section, std::string_view name) {
+  engine::Control* control = section.Controls().Item(name);
+  if (control == nullptr)
+    throw engine::ReportFault(engine::kFaultGeneral, section.Name + ": コントロール " + std::string(name) + " がありません。");
+  return *control;
+}
+
+void FillBoxes(engine::Section& section, std::string_view prefix, int first, int last, std::string_view text) {
+  for (int box = first; box <= last; ++box)
+    FormControl(section, std::string(prefix) + std::to_string(box)).Caption = text::CharMid(text, box - first + 1, 1);
+}
+
+std::string RightAligned(std::string_view text, int width) {
+  const std::string padded = std::string(static_cast<std::size_t>(width), ' ') + std::string(text);
+  return text::CharRight(padded, width);
+}
+
+void SetShownText(engine::Control& control, std::string text) {
+  if (control.Kind() == engine::ControlKind::TextField)
+    control.Text = std::move(text);
+  else
+    control.Caption = std::move(text);
+}
+
+void CopyCaption(engine::Section& section, std::string_view from, std::initializer_list<std::string_view> to) {
+  const std::string text = FormControl(section, from).PrintedText();
+  for (const std::string_view name : to) SetShownText(FormControl(section, name), text);
+}
+
+void FillCompanyPair(engine::Control& upper, engine::Control& lower, const std::string& company,
+                     const std::string& department) {
+  if (company.empty() && department.empty()) {
+    upper.Visible = false;
+    lower.Visible = false;
+    return;
+  }
+  upper.Caption = company;
+  lower.Caption = department;
+  ShowUnlessHidden(upper, true);
+  ShowUnlessHidden(lower, true);
+}
+
+std::uint8_t ShopAtena::Of(db::Connection& connection, const std::string& shop_id) {
+  if (const auto found = known_.find(shop_id); found != known_.end()) return found->second;
+  std::uint8_t atena = 0;
+  try {
+    ++queries_;
+    db::Recordset shop = connection.Open("SELECT [ATENA] FROM [SHOP] WHERE [SHOP_ID] = '" + sql::SqlQuote(shop_id) + "'");
+    if (!shop.Eof()) {
+      // As a byte: banker's rounding, and what does not fit counts as no flag.
+      const double value = std::nearbyint(vb::Val(shop["ATENA"].Text()));
+      atena = value < 0 || value > 255 ? 0 : static_cast<std::uint8_t>(value);
+    }
+  } catch (const std::exception&) {
+    atena = 0;
+  }
+  known_.emplace(shop_id, atena);
+  return atena;
+}
+
+}  // namespace lupin::layout

@@ -1,0 +1,213 @@
+// The delivery notes on a real database: what each form shows, against golden files, for the
+// paging, masks, gifts, reduced rates and the variants; and the rules the pages do not show.
+#include <gtest/gtest.h>
+
+#include "document_fixture.h"
+#include "engine/display.h"
+#include "engine/text_wrap.h"
+#include "reports/documents/nouhin.h"
+
+namespace lupin::reports {
+namespace {
+
+using testing::DocLine;
+using testing::DocOrder;
+using testing::Lines;
+using testing::Shown;
+
+class NouhinTest : public testing::DocumentDb {};
+
+DocOrder Order(int id, std::vector<DocLine> lines) {
+  DocOrder order;
+  order.id = id;
+  order.lines = std::move(lines);
+  return order;
+}
+
+struct GoldenCase {
+  const char* golden;
+  const char* object;
+  std::vector<DocOrder> orders;
+  std::string command = "";
+  std::string format = "";
+};
+
+std::vector<GoldenCase> Cases() {
+  DocOrder gap = Order(1107, Lines(8));
+  gap.lines[5].id.clear();  // line 6 empty, 7 and 8 filled: the order ends at line 5
+  DocOrder override_first = Order(1116, Lines(16));
+  override_first.biko1 = "お試しセット（一覧で変更）";
+  override_first.bill_company = "見本商事株式会社";
+  override_first.bill_department = "経理部";
+  override_first.bill_name = "経理 花子";
+
+  DocOrder included = Order(1201, Lines(3));
+  included.tax_included = true;
+  included.points = 500;
+  included.lines[1].tax_kbn = 1;
+  included.lines[2].name = "特選 宇治抹茶 缶入り 100g ギフト箱入り 熨斗対応";  // above 75 bytes: two points smaller
+  DocOrder no_charges = Order(1202, Lines(2));
+  no_charges.postage = 0;
+  no_charges.fee = 0;
+
+  DocOrder gift_atena = Order(1301, Lines(2));
+  gift_atena.shop = "S2";
+  gift_atena.gift_company = "贈答商事";
+  gift_atena.gift_name = "佐藤 花子";
+  gift_atena.gift_postcode = "530-0001";
+  gift_atena.gift_address = "大阪府大阪市北区梅田1-1";
+  gift_atena.gift_tel = "06-1111-2222";
+  DocOrder gift_plain = gift_atena;
+  gift_plain.id = 1302;
+  gift_plain.shop = "S1";
+  DocOrder no_gift_atena = Order(1303, Lines(1));
+  no_gift_atena.shop = "S2";
+
+  DocOrder reduced = Order(1401, Lines(7));
+  reduced.lines[6].reduced = 1;
+  reduced.lines[0].reduced = 1;
+  reduced.points = 300;
+  DocOrder before = Order(1402, Lines(2));
+  before.ordered = before.planned = before.shipped = before.billed = "2019/09/30";
+  before.lines[0].reduced = 1;
+
+  DocOrder points = Order(1501, Lines(2));
+  points.points = 700;
+
+  DocOrder hidden = gift_atena;
+  hidden.id = 1601;
+  hidden.tax_included = true;
+  hidden.lines = Lines(6);
+  hidden.lines[0].reduced = 1;
+
+  DocOrder invoice_s1 = reduced;
+  invoice_s1.id = 1701;
+  DocOrder invoice_s2 = Order(1702, Lines(2));
+  invoice_s2.shop = "S2";
+  invoice_s2.lines[1].reduced = 1;
+
+  return {
+      {"nouhin/lines.txt", "rptNouhin",
+       {Order(1101, Lines(1)), Order(1105, Lines(5)), Order(1106, Lines(6)), Order(1111, Lines(11)), override_first,
+        Order(1120, Lines(20)), gap}},
+      {"nouhin/tax_included.txt", "rptNouhin", {included, no_charges}},
+      {"nouhin/gift.txt", "rptNouhin", {gift_atena, gift_plain, no_gift_atena}},
+      {"nouhin/reduced.txt", "rptNouhin", {reduced, before}},
+      {"nouhin/nohinoldver.txt", "rptNouhin", {points}, "-a -nohinoldver"},
+      {"nouhin/format_hidden.txt", "rptNouhin", {hidden}, "",
+       "<field=lblMask1><visible>0</visible></field>\r\n<field=lblOrder2><visible>0</visible></field>\r\n"
+       "<field=lblReducedKbn1><visible>0</visible></field>\r\n<field=lblReducedWord1><visible>0</visible></field>\r\n"
+       "<field=lblCompany><visible>0</visible></field>"},
+      {"nouhin/invoice.txt", "rptNouhinInvoice", {invoice_s1, invoice_s2}},
+  };
+}
+
+TEST_P(NouhinTest, WhatEachFormShows) {
+  for (const auto& c : Cases()) {
+    ClearOrders();
+    std::filesystem::remove_all(home_ / "Format");
+    for (const auto& order : c.orders) Insert(order);
+    const int number = std::string(c.object) == "rptNouhin" ? 0 : 56;
+    if (!c.format.empty()) WriteFormat(number, c.format);
+    auto context = MakeContext(number);
+    context->command = c.command;
+    ExpectShown(Run(c.object, *context), c.golden);
+  }
+}
+
+TEST_P(NouhinTest, PageLayout) {
+  DocOrder order = Order(1001, Lines(3));
+  order.lines[2].reduced = 1;
+  order.points = 200;
+  Insert(order);
+  auto context = MakeContext(0);
+  ExpectDump(Run("rptNouhin", *context), "nouhin/page.json");
+}
+
+TEST_P(NouhinTest, PreprintedPaperPrintsOnlyData) {
+  Insert(Order(1001, Lines(2)));
+  auto context = MakeContext(0, 1);
+  const auto pages = Run("rptNouhin", *context);
+  ASSERT_EQ(pages.Pages().size(), 1u);
+  int drawn = 0;
+  for (const auto& item : pages.Pages()[0].items) {
+    const bool caption = item.kind == engine::ItemKind::Label && item.name.rfind("lbl", 0) != 0 &&
+                         item.name.rfind("Lbl", 0) != 0;
+    if (item.visible && (item.kind == engine::ItemKind::Line || item.kind == engine::ItemKind::Shape || caption)) ++drawn;
+  }
+  EXPECT_EQ(drawn, 0);
+  EXPECT_EQ(Shown(pages.Pages()[0], "fldID"), "1001");
+  EXPECT_EQ(Shown(pages.Pages()[0], "LblName2"), "山田 太郎　様") << "a label named Lbl… is data";
+}
+
+TEST_P(NouhinTest, WorkstationsAndTheStatement) {
+  DocOrder other = Order(2002, Lines(1));
+  other.client = "WS2";
+  Insert(Order(2001, Lines(1)));
+  Insert(other);
+  auto context = MakeContext(0);
+  context->login.client_name = "WS1";
+  const auto pages = Run("rptNouhin", *context);
+  ASSERT_EQ(pages.Pages().size(), 1u);
+  EXPECT_EQ(Shown(pages.Pages()[0], "fldID"), "2001");
+
+  engine::FallbackMeasurer measurer;
+  rptNouhin note(*context, measurer);
+  const std::string sql = note.Query();
+  for (const char* piece :
+       {"select a.*, [WK_PRINT].[COMPANY],[WK_PRINT].[SIMEI] , [WK_PRINT].[ORD_DATE], [WK_PRINT].[Date], ",
+        " WHERE [CHUMON].[ショップID] = [SHOP].[SHOP_ID] Union SELECT",
+        " AND ([商品ID6] IS NOT NULL) AND ([商品ID6] <> '') Union ", "[SHIPPING_TAXKBN],[HANDLING_TAXKBN],[TAX_RATE],2 as ord ,[受注日],[出荷予定日] From [CHUMON], [SHOP]",
+        " AND ([商品ID16] IS NOT NULL) AND ([商品ID16] <> '')) a WHERE a.[ID] = [WK_PRINT].[ID] AND [WK_PRINT].[CLIENT_NAME] = 'WS1' order by a.id,a.ord"})
+    EXPECT_NE(sql.find(piece), std::string::npos) << piece << "\n" << sql;
+  EXPECT_EQ(sql.find("INVOICE"), std::string::npos);
+  rptNouhinInvoice invoice(*context, measurer);
+  EXPECT_NE(invoice.Query().find("[TAX_RATE],[INVOICE_NAME],[INVOICE_NO],4 as ord"), std::string::npos);
+}
+
+TEST_P(NouhinTest, LookupsThatCannotChangeAreAskedOncePerRun) {
+  for (int id = 3001; id <= 3006; ++id) Insert(Order(id, Lines(id == 3001 ? 16 : 3)));
+  auto context = MakeContext(0);
+  auto report = registry_.Create("rptNouhin", *context);
+  engine::ApplyReportSettings(*report, context->current);
+  engine::PageCollection pages;
+  ASSERT_TRUE(report->Run(pages).ok);
+  const auto counts = static_cast<NouhinReport&>(*report).Counts();
+  EXPECT_EQ(pages.Pages().size(), 9u);
+  EXPECT_EQ(counts.page_marks, 6) << "one per order, not per form";
+  EXPECT_EQ(counts.units, 2) << "two items of one shop";
+  EXPECT_EQ(counts.tax_dates, 1) << "every order has the same date after the reduced rate began";
+  EXPECT_EQ(counts.reduced_flags, 6);
+  EXPECT_EQ(counts.summaries, 6) << "read on each order's last form";
+}
+
+LUPIN_INSTANTIATE_ENGINES(NouhinTest);
+
+TEST(ReducedSummaryText, PlainAndInvoiceForms) {
+  const auto summary = [](std::array<const char*, 3> rate, std::array<std::int32_t, 3> kin,
+                          std::array<std::int32_t, 3> zei) {
+    RateSummary s;
+    for (std::size_t i = 0; i < 3; ++i) s.rate[i] = rate[i], s.komikin[i] = kin[i], s.zeikin[i] = zei[i];
+    return s;
+  };
+  const struct {
+    RateSummary summary;
+    bool invoice;
+    const char* text;
+  } cases[] = {
+      {summary({"0.1", "0", "0"}, {11000, 0, 0}, {1000, 0, 0}), false, "軽は軽減税率(8%)の商品です。"},
+      {summary({"0.1", "0.08", "0"}, {11000, 2160, 0}, {1000, 160, 0}), false,
+       "軽は軽減税率(8%)の商品です。(10%対象 11,000円  8%対象 2,160円)"},
+      {summary({"0", "0.08", "0.08"}, {0, 1080, 540}, {0, 80, 40}), false,
+       "軽は軽減税率(8%)の商品です。(8%対象 1,080円  旧8%対象 540円)"},
+      {summary({"0.1", "0.08", "0"}, {11000, 2160, 0}, {1000, 160, 0}), true,
+       "軽は軽減税率(8%)の商品です。　10%対象 11,000円(消費税 1,000円)  8%対象 2,160円(消費税 160円)"},
+      {summary({"0.1", "0", "0"}, {-300, 0, 0}, {-27, 0, 0}), true, "軽は軽減税率(8%)の商品です。　10%対象 -300円(消費税 -27円)"},
+      {summary({"0.1", "0.08", "0"}, {-300, 0, 0}, {300, 0, 0}), false, "軽は軽減税率(8%)の商品です。"},
+      {summary({"0.1", "0.085", "0"}, {0, 1085, 0}, {0, 85, 0}), false, "軽は軽減税率(8%)の商品です。(8.5%対象 1,085円)"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(ReducedSummaryText(c.summary, c.invoice), c.text);
+}
+
+}  // namespace
+}  // namespace lupin::reports
