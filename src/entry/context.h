@@ -18,11 +18,6 @@ struct LoginRecord {
   std::string client_name;         // CLIENT_NAME: the staging key of every work table
 };
 
-// What the selection form hands on to the report of its run.
-struct RunValues {
-  std::string shop;  // the shop chosen in cboShop_id; "" for all shops
-};
-
 struct Context {
   Context(db::Connection* connection_in, settings::StorePaths stores, std::filesystem::path home_in)
       : connection(connection_in), settings(std::move(stores)), home(std::move(home_in)) {}
