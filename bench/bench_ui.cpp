@@ -43,10 +43,10 @@ struct Shop {
     db = db::OpenConnection("sqlite:" + (folder / "bench.db").string());
     entry::CreateSchema(*db);
     demo::FillCatalogue(*db);
-    demo::DemoOptions demo;
-    demo.orders = orders;
-    demo.seed = 3;
-    demo::FillDemoData(*db, demo);
+    demo::DemoOptions options;
+    options.orders = orders;
+    options.seed = 3;
+    demo::FillDemoData(*db, options);
     context = std::make_unique<entry::Context>(db.get(), settings::StorePaths::InFolder(folder), folder);
     context->login.client_name = "PC01";
   }

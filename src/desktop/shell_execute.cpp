@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 
 extern char** environ;
 
@@ -15,7 +16,10 @@ bool ShellExecute::Execute_Wait(const std::string& file, const std::vector<std::
   ErrMsg.clear();
   Result = 0;
   std::vector<std::string> argv_text;
-  if (::access(file.c_str(), X_OK) != 0) argv_text.push_back(opener);
+  // A folder is searchable, not runnable: only a program file runs by itself.
+  std::error_code error;
+  const bool program = std::filesystem::is_regular_file(file, error) && ::access(file.c_str(), X_OK) == 0;
+  if (!program) argv_text.push_back(opener);
   argv_text.push_back(file);
   argv_text.insert(argv_text.end(), arguments.begin(), arguments.end());
   std::vector<char*> argv;

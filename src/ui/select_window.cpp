@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/list_channel.h"
+#include "desktop/shell_execute.h"
 #include "ui/desktop_session.h"
 #include "ui/list_window.h"
 #include "ui/spin_buttons.h"
@@ -146,8 +147,21 @@ void SelectWindow::BuildMenus() {
   QMenu* setting = menuBar()->addMenu("設定(&S)");
   setting->setObjectName("mnuSetting");
   setting->addAction("印刷設定(&P)...", this, [this] { session_.ShowModal("frmSetting"); });
-  QAction* layout = setting->addAction("帳票ﾚｲｱｳﾄ...", this, [this] { session_.ShowModal("frmAllFormat"); });
+  QAction* layout = setting->addAction("帳票ﾚｲｱｳﾄ...", this, [this] { OpenFormatFolder(); });
   layout->setObjectName("mnuReportForm");
+  QAction* catalogue = setting->addAction("帳票の表示と順序(&O)...", this, [this] { session_.ShowModal("frmAllFormat"); });
+  catalogue->setObjectName("mnuAllFormat");
+}
+
+void SelectWindow::OpenFormatFolder() {
+  // The format files of the reports lie in the Format folder; the desktop's file manager opens it.
+  const std::filesystem::path folder = session_.Context().home / "Format";
+  std::error_code ignored;
+  std::filesystem::create_directories(folder, ignored);
+  desktop::ShellExecute shell;
+  if (!shell.Execute_Wait(folder.string())) {
+    session_.MessageBox(shell.ErrMsg, run::kSelectCaption, entry::kInformation);
+  }
 }
 
 QWidget* SelectWindow::BuildSelectFrame() {

@@ -90,6 +90,8 @@ class SelectWindow : public QMainWindow {
   void Connect();
   void Validate(QLineEdit* box, const std::function<bool()>& rule);
   void Listen();
+  // mnuReportForm: the folder of the format files, opened with the desktop's opener.
+  void OpenFormatFolder();
 
   DesktopSession& session_;
   run::SelectForm& model_;

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <fstream>
 #include <random>
 
 #include "desktop/key_hook.h"
@@ -71,8 +72,14 @@ TEST(ShellExecute, WaitsForTheProgramAndReportsWhatFailed) {
   EXPECT_FALSE(shell.ErrMsg.empty());
   // A document goes to the opener, here one that fails to start.
   shell.opener = "lupin-no-such-opener";
-  EXPECT_FALSE(shell.Execute_Wait("/etc/hostname"));
-  EXPECT_FALSE(shell.ErrMsg.empty());
+  const auto document = std::filesystem::temp_directory_path() / ("lupin_doc_" + std::to_string(::getpid()) + ".txt");
+  std::ofstream(document) << "text";
+  std::filesystem::permissions(document, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+  for (const std::string& path : {document.string(), std::filesystem::temp_directory_path().string()}) {
+    EXPECT_FALSE(shell.Execute_Wait(path)) << path;
+    EXPECT_NE(shell.ErrMsg.find("No such file"), std::string::npos) << shell.ErrMsg;
+  }
+  std::filesystem::remove(document);
 }
 
 }  // namespace
