@@ -10,6 +10,7 @@
 
 #include "common/settings.h"
 #include "engine/json_dump.h"
+#include "entry/catalogue.h"
 #include "demo/demo_data.h"
 #include "run/headless_run.h"
 #include "run/preview_runner_engine.h"
@@ -71,7 +72,7 @@ class CarrierRoad : public SlipDb {
     options.report = report_no;
     options.clear_criteria = true;
     options.date = run::Range{"2024/06/01", "2024/06/30"};
-    options.denno = "1234-5678-9013";
+    if (entry::IsWaybillReport(report_no)) options.denno = "1234-5678-9013";
     options.quiet = true;
     options.book = true;
     options.outputs.dump = dump;
