@@ -13,7 +13,7 @@
 #include "engine/text_measure.h"
 #include "layout/report_frame.h"
 #include "reports/slips/insert_crlf.h"
-#include "reports/slips/slip_spec.h"
+#include "reports/slips/slip_form_data.h"
 
 namespace lupin::reports {
 
