@@ -52,17 +52,20 @@ void FillCompanyPair(engine::Control& upper, engine::Control& lower, const std::
   ShowUnlessHidden(lower, true);
 }
 
+std::uint8_t AtenaByte(std::string_view atena) {
+  // CByte: banker's rounding, and an overflow that the lookup's handler turns into 0.
+  const double value = std::nearbyint(vb::Val(atena));
+  if (value < 0 || value > 255) return 0;
+  return static_cast<std::uint8_t>(value);
+}
+
 std::uint8_t ShopAtena::Of(db::Connection& connection, const std::string& shop_id) {
   if (const auto found = known_.find(shop_id); found != known_.end()) return found->second;
   std::uint8_t atena = 0;
   try {
     ++queries_;
     db::Recordset shop = connection.Open("SELECT [ATENA] FROM [SHOP] WHERE [SHOP_ID] = '" + sql::SqlQuote(shop_id) + "'");
-    if (!shop.Eof()) {
-      // As a byte: banker's rounding, and what does not fit counts as no flag.
-      const double value = std::nearbyint(vb::Val(shop["ATENA"].Text()));
-      atena = value < 0 || value > 255 ? 0 : static_cast<std::uint8_t>(value);
-    }
+    if (!shop.Eof()) atena = AtenaByte(shop["ATENA"].Text());
   } catch (const std::exception&) {
     atena = 0;
   }

@@ -32,6 +32,9 @@ void FillCompanyPair(engine::Control& upper, engine::Control& lower, const std::
 
 // The ATENA flag of a shop: set, a gift's recipient is the addressee of the shop's papers. SHOP
 // does not change during a run, so each shop is read once per object.
+// The shop's ATENA flag as a byte: banker's rounding, and what does not fit counts as no flag.
+std::uint8_t AtenaByte(std::string_view atena);
+
 class ShopAtena {
  public:
   // 0 for a shop that is not there or a value that does not read as a byte.

@@ -29,11 +29,5 @@ std::string DeliveryDateText(std::string_view delivery_date) {
   return vb::FormatDate(*date, "mm   dd");
 }
 
-std::uint8_t AtenaByte(std::string_view atena) {
-  // CByte: banker's rounding, and an overflow that the lookup's handler turns into 0.
-  const double value = std::nearbyint(vb::Val(atena));
-  if (value < 0 || value > 255) return 0;
-  return static_cast<std::uint8_t>(value);
-}
 
 }  // namespace lupin::reports

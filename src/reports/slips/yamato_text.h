@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "layout/form_fill.h"
+
 namespace lupin::reports {
 
 inline constexpr int kPostcodeBoxes = 7;
@@ -24,6 +26,6 @@ MemoPieces SplitMemo2(std::string_view fld_txt2);
 std::string DeliveryDateText(std::string_view delivery_date);
 
 // SHOP.ATENA read as a byte: a value that is no byte (negative, above 255) counts as 0.
-std::uint8_t AtenaByte(std::string_view atena);
+using layout::AtenaByte;
 
 }  // namespace lupin::reports
