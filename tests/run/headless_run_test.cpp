@@ -265,6 +265,32 @@ TEST_P(HeadlessWaybillRun, PngRunWritesOnlyItsPagesAndClearsStaleTemporaries) {
   EXPECT_NE(err.str().find("出力しました: " + (pages / "page-0005.png").string() + "\n"), std::string::npos);
 }
 
+// Issue 14: the request run of report 92 reached no report object and booked nothing by accident.
+TEST_P(HeadlessWaybillRun, TheRequestOfReport92ListsTheCheckedOrdersAndBooksNothing) {
+  const auto den_no_before = Column(Db(), "SELECT [出荷伝票番号] FROM [CHUMON] ORDER BY [ID]", "出荷伝票番号");
+  options.report = 92;
+  options.only = {"2", "4"};
+  options.book = true;
+  options.outputs.dump = File("request.json").string();
+  options.outputs.print = true;
+  options.outputs.print_pdf = File("request.pdf").string();
+  ASSERT_EQ(Run(), kExitDone) << err.str();
+  std::ifstream in(File("request.json"));
+  const auto dump = nlohmann::json::parse(in);
+  EXPECT_EQ(dump["report"], "rptWellNet");
+  std::vector<std::string> ids;
+  for (const auto& item : dump["pages"][0]["items"])
+    if (item["name"] == "fldID") ids.push_back(item["text"]);
+  EXPECT_EQ(ids, (std::vector<std::string>{"0000000002", "0000000004"}));
+  EXPECT_EQ(Count(Db(), "FROM [PRINTED]"), 0);
+  EXPECT_EQ(Column(Db(), "SELECT [出荷伝票番号] FROM [CHUMON] ORDER BY [ID]", "出荷伝票番号"), den_no_before);
+  EXPECT_FALSE(std::filesystem::exists(File("wellnet.csv"))) << "the request run writes no file";
+
+  options.only.clear();
+  options.uncheck = {"1", "2", "3", "4", "5"};
+  EXPECT_EQ(Run(), kExitNothing) << "nothing checked, nothing shown";
+}
+
 LUPIN_INSTANTIATE_ENGINES(HeadlessWaybillRun);
 
 }  // namespace
