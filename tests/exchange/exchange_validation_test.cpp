@@ -121,6 +121,9 @@ TEST_F(ExchangeFlow, NoPathMessagesAndWhatAnEmptySelectionLeaves) {
       {93, "ファイルを開く事が出来ません", true},             {94, "ファイルを開く事が出来ません", true},
       {98, "ファイルを開く事が出来ません", true},             {99, "ファイルを開く事が出来ません", true},
       {92, "出力先が設定されていません。", true},
+      // The three e-飛伝 generations by their numbers; the third writes its header line alone.
+      {91, "ｅ飛伝データ出力先が設定されていません。", false},  {96, "ｅ飛伝Ⅱデータ出力先が設定されていません。", false},
+      {104, "ｅ飛伝Ⅲデータ出力先が設定されていません。", true},
   };
   // Unchecked, and checked but gone.
   const auto grid = MakeGrid({{false, 501, "", "鈴木", "1", "0", "2024/04/10"}, {true, 999, "", "無し"}});
