@@ -3,8 +3,6 @@
 // what it wrote (qpdf, pdftotext, pdfinfo).
 #include <gtest/gtest.h>
 
-#include <cups/cups.h>
-
 #include <cstdlib>
 #include <filesystem>
 #include <sstream>
@@ -16,6 +14,7 @@
 #include "run/preview_runner_engine.h"
 #include "run/run_db_support.h"
 #include "run/run_test_support.h"
+#include "support/cups_jobs.h"
 #include "support/test_databases.h"
 
 namespace lupin::run::testing {
@@ -46,11 +45,7 @@ inline int PartFiles(const std::filesystem::path& folder) {
   return count;
 }
 
-// Points the CUPS client of this process at a server; the client keeps the first one it used.
-inline void UseCupsServer(const std::string& server) {
-  setenv("CUPS_SERVER", server.c_str(), 1);
-  cupsSetServer(server.c_str());
-}
+using lupin::testing::UseCupsServer;
 
 // The engine runner as the command line registers it, for the life of one test.
 class ScopedEngineRunner {
