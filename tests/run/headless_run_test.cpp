@@ -16,11 +16,10 @@ using testing::AddOrder;
 using testing::Column;
 using testing::Count;
 
-class HeadlessRunTest : public lupin::testing::EngineTest {
+class HeadlessRunTest : public testing::SchemaTest {
  protected:
   void SetUp() override {
-    EngineTest::SetUp();
-    entry::CreateSchema(Db());
+    SchemaTest::SetUp();
     testing::AddReport(Db(), {.no = 18, .name = "佐川宅配伝票", .where = 1});
     testing::AddReport(Db(), {.no = 4, .name = "注文一覧表"});
     AddOrder(Db(), {.id = 1, .name = "a", .carrier = "佐川急便", .shipped = "2024/04/10"});
