@@ -64,6 +64,8 @@ TEST_P(StreamedRecordset, ReadsToTheEndWhileOtherStatementsRun) {
   EXPECT_THROW((void)rs["ID"], DbError) << "at the end there is no row";
   rs.MovePrevious();
   EXPECT_EQ(rs["ID"].Long(), 500) << "the group footer's step back from the end";
+  // SQLite streams the rows; the PostgreSQL driver reads them whole.
+  ASSERT_EQ(rs.Streamed(), GetParam() == Engine::Sqlite);
   if (rs.Streamed()) {
     EXPECT_THROW({ rs.MovePrevious(); rs.MovePrevious(); }, DbError) << "no further back than two rows";
   }

@@ -14,11 +14,10 @@ using testing::AddOrder;
 using testing::Column;
 using testing::Count;
 
-class DenNoAssignTest : public lupin::testing::EngineTest {
+class DenNoAssignTest : public testing::SchemaTest {
  protected:
   void SetUp() override {
-    EngineTest::SetUp();
-    entry::CreateSchema(Db());
+    SchemaTest::SetUp();
     for (int id = 1; id <= 3; ++id) AddOrder(Db(), {.id = id, .name = "n", .den_no = "OLD" + std::to_string(id)});
   }
   void Stage(const std::string& client, std::initializer_list<int> ids) {

@@ -43,11 +43,10 @@ const Criterion kCriteria[] = {
     {"sales", 23, [](RunOptions& o, const std::string& p) { o.sales = Range{p, p}; }},
 };
 
-class InjectionTest : public lupin::testing::EngineTest {
+class InjectionTest : public testing::SchemaTest {
  protected:
   void SetUp() override {
-    EngineTest::SetUp();
-    entry::CreateSchema(Db());
+    SchemaTest::SetUp();
     testing::AddReport(Db(), {.no = 4, .name = "注文一覧表"});
     testing::AddReport(Db(), {.no = 18, .name = "佐川宅配伝票", .where = 1});
     testing::AddReport(Db(), {.no = 23, .name = "宛名ラベル (顧客情報)", .lbl_rpt = 12, .other_tbl = "CUSTOMER"});

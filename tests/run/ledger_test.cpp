@@ -13,12 +13,8 @@ using testing::AddOrder;
 using testing::Column;
 using testing::Count;
 
-class LedgerTest : public lupin::testing::EngineTest {
+class LedgerTest : public testing::SchemaTest {
  protected:
-  void SetUp() override {
-    EngineTest::SetUp();
-    entry::CreateSchema(Db());
-  }
   void Stage(const std::string& client, std::initializer_list<std::pair<int, const char*>> rows) {
     for (const auto& [id, person] : rows) {
       Db().Execute("INSERT INTO [WK_PRINT]([ID],[SIMEI],[TEL],[CLIENT_NAME]) VALUES(" + std::to_string(id) + ",'" +

@@ -69,11 +69,10 @@ inline RunOptions QuietRun(const db::Connection& db, const TempFolder& folder, i
 }
 
 // Demo orders 1 to 5 checked for workstation PC01, a report of the picking lists picked.
-class PreviewRunTest : public lupin::testing::EngineTest {
+class PreviewRunTest : public testing::SchemaTest {
  protected:
   void SetUp() override {
-    EngineTest::SetUp();
-    entry::CreateSchema(Db());
+    SchemaTest::SetUp();
     demo::FillCatalogue(Db());
     demo::FillDemoData(Db(), {.orders = 12, .seed = 5});
     options = QuietRun(Db(), folder, 54);

@@ -25,11 +25,10 @@ TEST(PrintButtonCaption, FollowsTheOutputOfTheReport) {
   for (const auto& c : cases) EXPECT_EQ(PrintButtonCaption(c.report), c.caption) << c.report;
 }
 
-class PrintFormTest : public lupin::testing::EngineTest {
+class PrintFormTest : public testing::SchemaTest {
  protected:
   void SetUp() override {
-    EngineTest::SetUp();
-    entry::CreateSchema(Db());
+    SchemaTest::SetUp();
     env = std::make_unique<testing::TestContext>(&Db());
     select = std::make_unique<SelectForm>(env->context, ui);
     select->SQL = "SELECT [CHUMON].* FROM [CHUMON] ORDER BY [CHUMON].[ID] ";

@@ -8,8 +8,18 @@
 #include "common/sql.h"
 #include "db/connection.h"
 #include "entry/schema.h"
+#include "support/test_databases.h"
 
 namespace lupin::run::testing {
+
+// A fresh database of the engine under test with the component's schema.
+class SchemaTest : public lupin::testing::EngineTest {
+ protected:
+  void SetUp() override {
+    EngineTest::SetUp();
+    entry::CreateSchema(Db());
+  }
+};
 
 struct Order {
   int id = 0;

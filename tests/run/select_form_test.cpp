@@ -14,11 +14,10 @@ using testing::AddReport;
 
 std::string Today() { return vb::FormatDate(vb::Today(), "YYYY/MM/DD"); }
 
-class SelectFormTest : public lupin::testing::EngineTest {
+class SelectFormTest : public testing::SchemaTest {
  protected:
   void SetUp() override {
-    EngineTest::SetUp();
-    entry::CreateSchema(Db());
+    SchemaTest::SetUp();
     const std::tuple<const char*, int, const char*> payments[] = {
         {"銀行振込", 1, "A"}, {"代引", 2, "A"}, {"カード", 3, "A"}, {"代引き", 4, "B"}, {"カード", 1, "B"}};
     for (const auto& [method, ord, shop] : payments) {

@@ -44,12 +44,8 @@ TEST(OrderInsert, WritesTheRowAsTheStatementAlwaysWas) {
                     "'株式会社''A','PC''1',1122.5,1)");
 }
 
-class StagingTest : public lupin::testing::EngineTest {
+class StagingTest : public testing::SchemaTest {
  protected:
-  void SetUp() override {
-    EngineTest::SetUp();
-    entry::CreateSchema(Db());
-  }
   std::vector<std::string> Staged(const std::string& client) {
     return Column(Db(), "SELECT [ID] FROM [WK_PRINT] WHERE [CLIENT_NAME] = '" + client + "' ORDER BY [ID]", "ID");
   }

@@ -50,6 +50,8 @@ class TestConnection final : public db::Connection {
   long Execute(std::string_view sql) override { return inner_->Execute(sql); }
   long ExecuteNow(std::string_view sql) override { return inner_->ExecuteNow(sql); }
   db::Recordset Open(std::string_view sql) override { return inner_->Open(sql); }
+  // Forwarded, so that the tests read streamed results as the program does.
+  db::Recordset OpenForward(std::string_view sql) override { return inner_->OpenForward(sql); }
   void BeginTrans() override { inner_->BeginTrans(); }
   void CommitTrans() override { inner_->CommitTrans(); }
   void RollbackTrans() override { inner_->RollbackTrans(); }
