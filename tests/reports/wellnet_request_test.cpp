@@ -4,6 +4,7 @@
 
 #include "common/vb.h"
 #include "documents_fixture.h"
+#include "engine/text_fit.h"
 #include "reports/documents/wellnet_request.h"
 
 namespace lupin::reports::testing {
@@ -46,7 +47,12 @@ class WellNetRequestTest : public DocumentsTest {
 
 TEST_P(WellNetRequestTest, GoldenPageDumpOfTheStagedOrders) {
   InsertOrders();
-  ExpectGolden(RunRequest("30"), "wellnet/request_30_days.json");
+  const auto pages = RunRequest("30");
+  ExpectGolden(pages, "wellnet/request_30_days.json");
+  // A full-width postcode, a long address and a long company wrap within their columns.
+  engine::TextFitCheck fit;
+  for (const auto& cut : fit.Check(pages.Pages().at(0))) ADD_FAILURE() << cut.name << " (" << cut.problem << "): " << cut.text;
+  for (const auto& pair : engine::OverlappingTextBoxes(pages.Pages().at(0))) ADD_FAILURE() << pair.first << " overlaps " << pair.second;
 }
 
 TEST_P(WellNetRequestTest, TheLimitFollowsTheTermAndTheFooterCountsTheStagedOrders) {
