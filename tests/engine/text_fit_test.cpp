@@ -36,15 +36,5 @@ TEST(TextFitCheck, NamesTheTextsThatDoNotPrintWhole) {
   EXPECT_EQ(found, (std::vector<std::string>{"lblDropped dropped lines", "lblWide too wide", "lblTall too tall"}));
 }
 
-TEST(TextFitCheck, BoxesThatShareGroundOverlapThoseThatTouchDoNot) {
-  Page page;
-  page.items = {Text("lblA", "a", 0, 0, 1000, 300), Text("lblB", "b", 1000, 0, 1000, 300),
-                Text("lblC", "c", 500, 290, 1000, 300), Text("lblEmpty", "", 0, 0, 2000, 600)};
-  const auto found = OverlappingTextBoxes(page);
-  ASSERT_EQ(found.size(), 2u);
-  EXPECT_EQ(found[0], (OverlappingTexts{"lblA", "lblC"}));
-  EXPECT_EQ(found[1], (OverlappingTexts{"lblB", "lblC"}));
-}
-
 }  // namespace
 }  // namespace lupin::engine
