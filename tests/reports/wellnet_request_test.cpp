@@ -55,16 +55,6 @@ TEST_P(WellNetRequestTest, GoldenPageDumpOfTheStagedOrders) {
   for (const auto& pair : engine::OverlappingTextBoxes(pages.Pages().at(0))) ADD_FAILURE() << pair.first << " overlaps " << pair.second;
 }
 
-// 0 and 99 are the service's "no limit": nothing under 支払期限, and the header says so.
-TEST_P(WellNetRequestTest, NoLimitWithTheTermsThatMeanNone) {
-  InsertOrders();
-  for (const char* days : {"0", "99"}) {
-    const auto pages = RunRequest(days);
-    EXPECT_EQ(TextsOf(pages.Pages().at(0), "fldKigen"), (std::vector<std::string>{"", "", ""})) << days;
-    EXPECT_EQ(TextOf(pages.Pages().at(0), "lblTerm"), "支払期限なし") << days;
-  }
-}
-
 LUPIN_INSTANTIATE_ENGINES(WellNetRequestTest);
 
 }  // namespace
