@@ -54,7 +54,7 @@ std::unique_ptr<Fixture> Prepare(db::Engine engine) {
   }
   entry::CreateSchema(*f->db);
   demo::FillCatalogue(*f->db);
-  demo::FillDemoData(*f->db, {.orders = kOrders, .seed = 7});
+  demo::FillDemoData(*f->db, {.orders = kOrders, .seed = 7, .batch = 1000, .progress = {}});
   return f;
 }
 

@@ -18,13 +18,22 @@ engine::Control& FormControl(engine::Section& section, std::string_view name) {
 }
 
 void FillBoxes(engine::Section& section, std::string_view prefix, int first, int last, std::string_view text) {
-  for (int box = first; box <= last; ++box)
-    FormControl(section, std::string(prefix) + std::to_string(box)).Caption = text::CharMid(text, box - first + 1, 1);
+  for (int box = first; box <= last; ++box) {
+    std::string one = text::CharMid(text, box - first + 1, 1);
+    if (one == " ") one.clear();
+    FormControl(section, std::string(prefix) + std::to_string(box)).Caption = std::move(one);
+  }
 }
 
 std::string RightAligned(std::string_view text, int width) {
   const std::string padded = std::string(static_cast<std::size_t>(width), ' ') + std::string(text);
   return text::CharRight(padded, width);
+}
+
+std::string RSet(std::string_view text, int width) {
+  const int length = text::CharLen(text);
+  if (length >= width) return text::CharLeft(text, width);
+  return std::string(static_cast<std::size_t>(width - length), ' ') + std::string(text);
 }
 
 void SetShownText(engine::Control& control, std::string text) {

@@ -15,10 +15,16 @@ namespace lupin::layout {
 // A control of the section that the designer holds; a missing one is a fault of the report object.
 engine::Control& FormControl(engine::Section& section, std::string_view name);
 
-// One character of text per box, in prefix+first .. prefix+last; boxes beyond the text are blanked.
+// One character of text per box, in prefix+first .. prefix+last: telephone numbers, postcodes,
+// amounts and account digits. A blank or a missing character leaves its box empty; characters
+// beyond the last box are dropped.
 void FillBoxes(engine::Section& section, std::string_view prefix, int first, int last, std::string_view text);
-// The last `width` characters of (width blanks + text): a figure right-aligned in its boxes.
+// The last `width` characters of (width blanks + text): a figure right-aligned in its boxes, an
+// amount too long for them losing its highest digits.
 std::string RightAligned(std::string_view text, int width);
+// The text right-aligned with blanks in `width` characters; a longer text keeps its leftmost
+// characters, as the old RSet did.
+std::string RSet(std::string_view text, int width);
 
 // The caption of `from` in each of `to`: the second and third copies repeat the first.
 void CopyCaption(engine::Section& section, std::string_view from, std::initializer_list<std::string_view> to);

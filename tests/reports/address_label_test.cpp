@@ -2,10 +2,12 @@
 // customers, and the customer barcode read back from the rendered page bar by bar.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 
 #include "documents_fixture.h"
 #include "engine/render_png.h"
+#include "engine/text_fit.h"
 #include "reports/documents/address_label.h"
 #include "reports/slips/customer_barcode.h"
 
@@ -35,6 +37,28 @@ class AddressLabelTest : public DocumentsTest {
     return sheets;
   }
 };
+
+// A three-line address ran into the company line, the company lines into the name.
+TEST_P(AddressLabelTest, AddressesOfOneToThreeLinesAndLongCompaniesStayInTheirBands) {
+  const char* addresses[] = {"東京都千代田区千代田1-1", "北海道札幌市中央区北一条西１－１ 札幌第一ビルディング南館１５階",
+                             "東京都千代田区神田駿河台四丁目六番地　御茶ノ水ソラシティアカデミア十五階　総合受付センター気付"};
+  for (int i = 0; i < 3; ++i) {
+    FixtureOrder order;
+    order.id = i + 1;
+    order.address = addresses[i];
+    Insert(order);
+  }
+  Db().Execute("UPDATE [WK_PRINT] SET [COMPANY] = 'ルパン・エンタープライズ・インターナショナル株式会社'");
+  Db().Execute("UPDATE [CHUMON] SET [所属] = '経営企画本部 第一グループ'");
+  const auto pages = Run(22);
+  ASSERT_EQ(pages.Pages().size(), 1u);
+  const auto& page = pages.Pages()[0];
+  const std::string third = TextsOf(page, "lblAddress").at(2);
+  EXPECT_EQ(std::count(third.begin(), third.end(), '\n'), 2) << "the third label's address takes three lines: " << third;
+  engine::TextFitCheck fit;
+  for (const auto& cut : fit.Check(page)) ADD_FAILURE() << cut.name << " (" << cut.problem << "): " << cut.text;
+  for (const auto& pair : engine::OverlappingTextBoxes(page)) ADD_FAILURE() << pair.first << " overlaps " << pair.second;
+}
 
 TEST_P(AddressLabelTest, StartPlaceAndDuplicates) {
   InsertOrders();

@@ -1,5 +1,6 @@
 #include "reports/slips/sagawa_slip.h"
 
+#include "layout/form_fill.h"
 #include "reports/slips/slip_boxes.h"
 #include "reports/slips/slip_registration.h"
 
@@ -44,7 +45,7 @@ SagawaSlip::SagawaSlip(entry::Context& context, const std::string& designer, eng
 void SagawaSlip::FillCarrierExtras(const SlipParties& parties) {
   (void)parties;
   if (!amount_boxes_) return;
-  SetBoxes("lblSek_gaku_", CharBoxes(LastPlaces(std::to_string(WholeField("SEK_GAKU")), kAmountBoxes), kAmountBoxes));
+  SetBoxes("lblSek_gaku_", kAmountBoxes, layout::RightAligned(std::to_string(WholeField("SEK_GAKU")), kAmountBoxes));
 }
 
 void RegisterSagawaReports(engine::ReportRegistry& registry, MeasurerSource measurer_of) {

@@ -1,29 +1,11 @@
 #include "reports/slips/slip_boxes.h"
 
 #include "common/text.h"
+#include "layout/form_fill.h"
 
 namespace lupin::reports {
 
-std::vector<std::string> CharBoxes(std::string_view text, int boxes) {
-  std::vector<std::string> out(static_cast<std::size_t>(boxes));
-  for (int i = 0; i < boxes; ++i) {
-    std::string one = text::CharMid(text, i + 1, 1);
-    if (one != " ") out[static_cast<std::size_t>(i)] = std::move(one);
-  }
-  return out;
-}
-
-std::string RightAligned(std::string_view text, int places) {
-  const int length = text::CharLen(text);
-  if (length >= places) return text::CharLeft(text, places);
-  return std::string(static_cast<std::size_t>(places - length), ' ') + std::string(text);
-}
-
-std::string LastPlaces(std::string_view text, int places) {
-  return RightAligned(text::CharRight(text, places), places);
-}
-
-std::vector<std::string> SetTelBoxes(std::string_view tel) {
+std::string TelBoxText(std::string_view tel) {
   const std::string number(tel);
   const std::size_t first = number.find('-');
   const std::size_t second = first == std::string::npos ? first : number.find('-', first + 1);
@@ -33,10 +15,10 @@ std::vector<std::string> SetTelBoxes(std::string_view tel) {
     const std::string c = number.substr(second + 1);
     if (text::CharLen(a) < 6 && text::CharLen(b) <= 4 && text::CharLen(c) == 4) {
       const std::string a_boxes = a + std::string(static_cast<std::size_t>(5 - text::CharLen(a)), ' ');
-      return CharBoxes(a_boxes + RightAligned(b, 4) + c, kTelBoxes);
+      return a_boxes + layout::RSet(b, 4) + c;
     }
   }
-  return CharBoxes(RightAligned(text::TextReplace(tel, "-", ""), kTelBoxes), kTelBoxes);
+  return layout::RSet(text::TextReplace(tel, "-", ""), kTelBoxes);
 }
 
 std::string PostcodeDigits(std::string_view postcode) {

@@ -6,6 +6,7 @@
 #include "common/text.h"
 #include "common/vb.h"
 #include "layout/format_apply.h"
+#include "layout/form_fill.h"
 #include "reports/slips/slip_boxes.h"
 #include "reports/slips/slip_query.h"
 #include "reports/slips/yamato_text.h"
@@ -258,12 +259,8 @@ void SlipFrame::FillPostcode(const PostcodeSpec& spec, std::string_view postcode
   using Style = PostcodeSpec::Style;
   switch (spec.style) {
     case Style::None: return;
-    case Style::Boxes: {
-      const auto boxes = PostcodeBoxes(postcode);
-      SetBoxes(spec.control, {boxes.begin(), boxes.end()});
-      return;
-    }
-    case Style::DigitBoxes: SetBoxes(spec.control, CharBoxes(PostcodeDigits(postcode), kPostcodeBoxes)); return;
+    case Style::Boxes: SetBoxes(spec.control, kPostcodeBoxes, PostcodeBoxText(postcode)); return;
+    case Style::DigitBoxes: SetBoxes(spec.control, kPostcodeBoxes, PostcodeDigits(postcode)); return;
     case Style::Text: DetailControl(spec.control).Caption = std::string(postcode); return;
     case Style::Mask:
       DetailControl(spec.control).Caption = vb::FormatText(text::TextReplace(postcode, "-", ""), kPostcodeMask);
@@ -273,7 +270,7 @@ void SlipFrame::FillPostcode(const PostcodeSpec& spec, std::string_view postcode
 
 void SlipFrame::FillTel(const TelSpec& spec, std::string_view tel) {
   if (spec.style == TelSpec::Style::Boxes) {
-    SetBoxes(spec.control, SetTelBoxes(tel));
+    SetBoxes(spec.control, kTelBoxes, TelBoxText(tel));
     return;
   }
   DetailControl(spec.control).Caption = std::string(tel);
@@ -327,8 +324,8 @@ void SlipFrame::SetText(std::string_view control, std::string text) {
   }
 }
 
-void SlipFrame::SetBoxes(std::string_view prefix, const std::vector<std::string>& boxes) {
-  for (std::size_t i = 0; i < boxes.size(); ++i) DetailControl(std::string(prefix) + std::to_string(i + 1)).Caption = boxes[i];
+void SlipFrame::SetBoxes(std::string_view prefix, int boxes, std::string_view text) {
+  layout::FillBoxes(Detail(), prefix, 1, boxes, text);
 }
 
 std::int64_t SlipFrame::WholeField(std::string_view column) const {

@@ -63,8 +63,8 @@ class SlipFrame : public layout::ReportFrame {
 
   // A label's caption or a bound field's text.
   void SetText(std::string_view control, std::string text);
-  // One character a box into prefix1 … prefixN.
-  void SetBoxes(std::string_view prefix, const std::vector<std::string>& boxes);
+  // One character of text a box into prefix1 … prefix<boxes> of the Detail.
+  void SetBoxes(std::string_view prefix, int boxes, std::string_view text);
   // The whole-number value of a column.
   std::int64_t WholeField(std::string_view column) const;
   bool HasDetailControl(std::string_view name);

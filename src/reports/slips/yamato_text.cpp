@@ -7,12 +7,9 @@
 
 namespace lupin::reports {
 
-std::array<std::string, kPostcodeBoxes> PostcodeBoxes(std::string_view postcode) {
+std::string PostcodeBoxText(std::string_view postcode) {
   // Text comparison: the full-width hyphen goes too.
-  const std::string digits = text::TextReplace(postcode, "-", "");
-  std::array<std::string, kPostcodeBoxes> boxes;
-  for (int i = 0; i < kPostcodeBoxes; ++i) boxes[static_cast<std::size_t>(i)] = text::CharMid(digits, i + 1, 1);
-  return boxes;
+  return text::TextReplace(postcode, "-", "");
 }
 
 MemoPieces SplitMemo2(std::string_view fld_txt2) {

@@ -1,7 +1,6 @@
 #pragma once
 // Small text rules of the Yamato slip: the postcode boxes, the split of the second report field,
 // the delivery date box and the shop's addressee flag.
-#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -12,9 +11,8 @@ namespace lupin::reports {
 
 inline constexpr int kPostcodeBoxes = 7;
 
-// One character a box, hyphens removed; boxes beyond the postcode stay empty, characters beyond
-// the seventh box are dropped.
-std::array<std::string, kPostcodeBoxes> PostcodeBoxes(std::string_view postcode);
+// The postcode for its seven boxes, one character a box: hyphens removed, full-width ones too.
+std::string PostcodeBoxText(std::string_view postcode);
 
 // FLD_TXT2 printed in two boxes, split at its first hyphen. Without a hyphen nothing prints.
 struct MemoPieces {

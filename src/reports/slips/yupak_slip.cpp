@@ -1,6 +1,7 @@
 #include "reports/slips/yupak_slip.h"
 
 #include "common/text.h"
+#include "layout/form_fill.h"
 #include "reports/slips/slip_boxes.h"
 #include "reports/slips/slip_registration.h"
 
@@ -35,9 +36,7 @@ TimeSlotTable Slots(YupakForm::Generation generation) {
            {8, 9, "shpDelivery6"}}};
 }
 
-std::vector<std::string> AmountBoxes(std::int64_t amount) {
-  return CharBoxes(LastPlaces(std::to_string(amount), kAmountBoxes), kAmountBoxes);
-}
+std::string AmountText(std::int64_t amount) { return layout::RightAligned(std::to_string(amount), kAmountBoxes); }
 
 YupakForm FormOf(const std::string& designer) {
   YupakForm form;
@@ -51,7 +50,7 @@ YupakForm FormOf(const std::string& designer) {
 
 }  // namespace
 
-std::vector<std::string> AccountBoxes(std::string_view account, int boxes) {
+std::string AccountBoxText(std::string_view account, int boxes) {
   const std::string digits = text::TextReplace(account, "-", "");
   const std::string symbol = text::CharLeft(digits, 5);
   const std::string check = text::CharMid(digits, 6, 1);
@@ -59,9 +58,8 @@ std::vector<std::string> AccountBoxes(std::string_view account, int boxes) {
   const std::size_t first = number.find_first_not_of(' '), last = number.find_last_not_of(' ');
   number = first == std::string::npos ? "" : number.substr(first, last - first + 1);
   const int number_boxes = boxes - 6;
-  return CharBoxes(symbol + std::string(static_cast<std::size_t>(5 - text::CharLen(symbol)), ' ') +
-                       (check.empty() ? " " : check) + RightAligned(number, number_boxes),
-                   boxes);
+  return symbol + std::string(static_cast<std::size_t>(5 - text::CharLen(symbol)), ' ') + (check.empty() ? " " : check) +
+         layout::RSet(number, number_boxes);
 }
 
 SlipSpec YupakSpec(const std::string& designer, YupakForm form) {
@@ -92,7 +90,7 @@ YupakSlip::YupakSlip(entry::Context& context, const std::string& designer, engin
 void YupakSlip::InitialiseCarrierExtras() {
   if (!form_.collect) return;
   const int boxes = form_.extra_account_box ? 14 : 13;
-  SetBoxes("lblKoza_digit_", AccountBoxes(context_.current.fld_txt[0], boxes));
+  SetBoxes("lblKoza_digit_", boxes, AccountBoxText(context_.current.fld_txt[0], boxes));
   if (form_.generation != YupakForm::Generation::Old) DetailControl("lblKozaMei").Caption = context_.current.fld_txt[1];
 }
 
@@ -100,12 +98,12 @@ void YupakSlip::FillCarrierExtras(const SlipParties& parties) {
   (void)parties;
   if (!form_.collect) return;
   const std::int64_t amount = WholeField("SEK_GAKU");
-  SetBoxes("lblSek_gaku_", AmountBoxes(amount));
+  SetBoxes("lblSek_gaku_", kAmountBoxes, AmountText(amount));
   if (form_.generation == YupakForm::Generation::Old) return;
-  SetBoxes("lblTax_gaku_", AmountBoxes(WholeField("TAX")));
+  SetBoxes("lblTax_gaku_", kAmountBoxes, AmountText(WholeField("TAX")));
   const bool stamp = WholeField("INSHI") != 0;
   DetailControl("lblInshi").Caption = stamp ? "レ" : "";
-  SetBoxes("lblSok_gaku_", AmountBoxes(stamp ? amount - kStampAmount : amount));
+  SetBoxes("lblSok_gaku_", kAmountBoxes, AmountText(stamp ? amount - kStampAmount : amount));
 }
 
 void RegisterYupakReports(engine::ReportRegistry& registry, MeasurerSource measurer_of) {

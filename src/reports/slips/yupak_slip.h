@@ -28,8 +28,8 @@ class YupakSlip : public SlipFrame {
 
 SlipSpec YupakSpec(const std::string& designer, YupakForm form);
 
-// The boxes of a postal transfer account "00120-3-456": the symbol (5), the check character and
-// the number right-aligned in the remaining boxes.
-std::vector<std::string> AccountBoxes(std::string_view account, int boxes);
+// A postal transfer account "00120-3-456" one character a box: the symbol (5), the check character
+// and the number right-aligned in the remaining boxes.
+std::string AccountBoxText(std::string_view account, int boxes);
 
 }  // namespace lupin::reports
