@@ -59,6 +59,14 @@ TEST(WindowSize, SavedPerFormAndIncompleteSizesIgnored) {
   EXPECT_EQ(ReadWindowSize(file), (Rect{-5, 10, 800, 600}));
   ASSERT_TRUE(SaveWindowSize(file, {0, 0, 0, 600}));
   EXPECT_FALSE(ReadWindowSize(file).has_value());
+  // A hand-edited file with a number no window can have is no size, whatever the number.
+  for (const char* height : {"7.E+682", "1E+10", "-3000000000"}) {
+    SCOPED_TRACE(height);
+    std::ofstream(file, std::ios::binary) << "[WindowSize]\r\nLeft=1\r\nTop=2\r\nWidth=800.7\r\nHeight=" << height << "\r\n";
+    EXPECT_FALSE(ReadWindowSize(file).has_value());
+  }
+  std::ofstream(file, std::ios::binary) << "[WindowSize]\r\nLeft=1\r\nTop=2\r\nWidth=800.7\r\nHeight=6E+2\r\n";
+  EXPECT_EQ(ReadWindowSize(file), (Rect{1, 2, 800, 600}));
   std::filesystem::remove_all(home);
 }
 
