@@ -2,8 +2,6 @@
 // short lines and zero receipt dates.
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 #include "common/text.h"
 #include "exchange/wellnet.h"
 #include "exchange_fixture.h"
@@ -57,16 +55,14 @@ TEST(WellNetReceipts, QuotedCommasShortLinesAndZeroReceiptDates) {
 
 // An amount beyond a whole number is a fault of the file, reported with nothing read.
 TEST(WellNetReceipts, FileWithANumberTooLargeGivesAnErrorAndNoRows) {
-  TempDir dir;
+  lupin::testing::TempFolder dir{"lupin_wellnet_"};
   clsWellNet wellnet;
   wellnet.DisplayMsg = false;
   wellnet.fileName = dir.Path() / "receipts.csv";
-  {
-    std::ofstream out(wellnet.fileName, std::ios::binary);
-    out << text::ToCp932("1,0000000301,1638001,新宿,山田,20240501,6290,20240420,1230,20240421,01\r\n"
-                         "2,0000000302,2200012,横浜,鈴木,20240502,99999999999,20240420,0,0,01\r\n"
-                         "3,0000000303,short\r\n").bytes;
-  }
+  WriteBytes(wellnet.fileName, text::ToCp932("1,0000000301,1638001,新宿,山田,20240501,6290,20240420,1230,20240421,01\r\n"
+                                             "2,0000000302,2200012,横浜,鈴木,20240502,99999999999,20240420,0,0,01\r\n"
+                                             "3,0000000303,short\r\n")
+                                    .bytes);
   EXPECT_NE(wellnet.InputFile(), 0);
   EXPECT_EQ(wellnet.ErrorMsg, "オーバーフローしました。");
   EXPECT_EQ(wellnet.InputRowCount(), 0);
