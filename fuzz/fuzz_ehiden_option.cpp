@@ -8,7 +8,7 @@ namespace {
 
 void ParseOnce(std::string_view content) {
   const auto options = lupin::exchange::ParseEhidenOptions(content);
-  if (options.Speed().empty() || options.Cooling().empty()) __builtin_trap();
+  if (options.Speed().empty() || options.Cooling().empty()) lupin::fuzz::Fail("empty speed or cooling code");
 }
 
 }  // namespace

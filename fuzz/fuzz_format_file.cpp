@@ -15,7 +15,7 @@ void ParseOnce(std::string text) {
   std::vector<lupin::layout::clsRptFmtRow> rows;
   try {
     const auto last = parser.ParseText(std::move(text), rows);
-    if (last < -1 || (last >= 0 && static_cast<std::size_t>(last) >= rows.size())) __builtin_trap();
+    if (last < -1 || (last >= 0 && static_cast<std::size_t>(last) >= rows.size())) lupin::fuzz::Fail("last row index outside the rows");
   } catch (const std::overflow_error&) {
   }
 }

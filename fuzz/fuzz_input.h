@@ -2,6 +2,7 @@
 // The fuzzer's bytes as text, and a few small numbers taken off their front.
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <string>
 #include <string_view>
 
@@ -30,5 +31,11 @@ class Input {
  private:
   std::string_view rest_;
 };
+
+// A broken promise of the code under test: says which one and stops with the input saved.
+[[noreturn]] inline void Fail(const char* what) {
+  std::fprintf(stderr, "fuzz check failed: %s\n", what);
+  __builtin_trap();
+}
 
 }  // namespace lupin::fuzz

@@ -46,6 +46,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string name = breaker.InsertCrLfName(text);
   const std::string hard = lupin::reports::HardBreak(text, cut);
   // A break never lands inside a character of a text that was whole.
-  if (WholeUtf8(text) && (!WholeUtf8(address) || !WholeUtf8(name) || !WholeUtf8(hard))) __builtin_trap();
+  if (WholeUtf8(text) && (!WholeUtf8(address) || !WholeUtf8(name) || !WholeUtf8(hard))) lupin::fuzz::Fail("a break cut a character");
   return 0;
 }

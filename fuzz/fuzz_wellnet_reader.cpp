@@ -1,8 +1,6 @@
 // The WellNet receipts file as the payment service sends it back (Shift-JIS CSV, any line ends):
 // reading it either keeps rows or names the lines it skipped, one for each line, or says why it
 // could not read the file; nothing escapes the reader.
-#include <unistd.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -10,10 +8,10 @@
 
 #include "exchange/wellnet.h"
 #include "fuzz_input.h"
+#include "fuzz_scratch.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const std::filesystem::path file =
-      std::filesystem::temp_directory_path() / ("lupin-fuzz-wellnet-" + std::to_string(::getpid()) + ".csv");
+  static const std::filesystem::path file = lupin::fuzz::ScratchFolder() / "receipts.csv";
   lupin::fuzz::Input input(data, size);
   {
     std::ofstream out(file, std::ios::binary | std::ios::trunc);
@@ -23,14 +21,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   wellnet.fileName = file;
   wellnet.DisplayMsg = false;
   if (wellnet.InputFile() != 0) {
-    if (wellnet.ErrorMsg.empty()) __builtin_trap();
+    if (wellnet.ErrorMsg.empty()) lupin::fuzz::Fail("receipts not read and no reason given");
     return 0;
   }
   // Each line is either a row or a skipped line, so together they never outnumber the line ends + 1.
   const auto lines = static_cast<std::size_t>(std::count(data, data + size, '\n') + std::count(data, data + size, '\r')) + 1;
-  if (static_cast<std::size_t>(wellnet.InputRowCount()) + wellnet.SkippedLines().size() > lines) __builtin_trap();
+  if (static_cast<std::size_t>(wellnet.InputRowCount()) + wellnet.SkippedLines().size() > lines) lupin::fuzz::Fail("more rows and skipped lines than lines");
   for (int i = 1; i <= wellnet.InputRowCount(); ++i) {
-    if (wellnet.InputRow(i).NyuYmd == 0) __builtin_trap();
+    if (wellnet.InputRow(i).NyuYmd == 0) lupin::fuzz::Fail("a kept row has no receipt date");
   }
   return 0;
 }

@@ -101,7 +101,12 @@ std::optional<double> NumericValue(std::string_view raw) {
       const bool ok = kind == 'h' ? std::isxdigit(static_cast<unsigned char>(c)) != 0 : (c >= '0' && c <= '7');
       if (!ok) return std::nullopt;
     }
-    return Val(s);
+    // Beyond 32 bits the text converts to nothing, so it is no number; the test itself never raises.
+    try {
+      return Val(s);
+    } catch (const OverflowError&) {
+      return std::nullopt;
+    }
   }
   std::size_t i = 0;
   const auto skip_currency = [&] {

@@ -18,9 +18,17 @@ std::filesystem::path WindowSizeFile(const std::filesystem::path& component_dire
 }
 
 std::optional<Rect> ReadWindowSize(const std::filesystem::path& file) {
-  auto read = [&](std::string_view key) {
+  // A number no window can have (beyond an int, or beyond any number) counts as missing.
+  auto read = [&](std::string_view key) -> std::optional<int> {
     const std::string text = settings::ReadProfileString(file, kSection, key, "");
-    return text.empty() ? std::optional<int>() : std::optional<int>(static_cast<int>(vb::Val(text)));
+    if (text.empty()) return std::nullopt;
+    try {
+      const double value = vb::Val(text);
+      if (!(value > -2147483649.0 && value < 2147483648.0)) return std::nullopt;
+      return static_cast<int>(value);
+    } catch (const vb::OverflowError&) {
+      return std::nullopt;
+    }
   };
   const auto left = read("Left"), top = read("Top"), width = read("Width"), height = read("Height");
   if (!left || !top || !width || !height || *width <= 0 || *height <= 0) return std::nullopt;

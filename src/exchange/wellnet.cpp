@@ -110,7 +110,15 @@ int clsWellNet::InputFile() {
     return 1;
   }
   const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  ReadReceipts(text::FromCp932(bytes));
+  try {
+    ReadReceipts(text::FromCp932(bytes));
+  } catch (const std::exception& e) {
+    // A number beyond a whole-number field (an eleven-digit amount) stops the read: no half file.
+    rows_.clear();
+    skipped_.clear();
+    ErrorMsg = e.what();
+    return 440;
+  }
   return 0;
 }
 

@@ -44,7 +44,8 @@ class clsWellNet {
   const clsWellNetInputRow& InputRow(int i) const { return rows_.at(static_cast<std::size_t>(i - 1)); }
   const std::vector<WellNetSkippedLine>& SkippedLines() const { return skipped_; }
 
-  // The receipts text (UTF-8) into rows; what InputFile does after reading the file.
+  // The receipts text (UTF-8) into rows; what InputFile does after reading the file. Raises
+  // OverflowError for a number beyond a whole-number field.
   void ReadReceipts(std::string_view content);
 
  private:

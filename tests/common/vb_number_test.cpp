@@ -33,7 +33,8 @@ TEST(IsNumeric, AcceptsWhatTheRuntimeConverts) {
   const NumericCase cases[] = {
       {"1,234", true, 1234}, {"1.", true, 1}, {"(5)", true, -5}, {"¥1,000", true, 1000}, {"&H1F", true, 31},
       {"１，２３４", true, 1234}, {"   ", false, 0}, {"12abc", false, 0}, {",1", false, 0}, {"1 2", false, 0},
-      {"2024/01/05", false, 0}, {"1-", false, 0},
+      {"2024/01/05", false, 0}, {"1-", false, 0}, {"&HFFFFFFFF", true, -1}, {"&H100000000", false, 0},
+      {"&044444444433 ", false, 0},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(IsNumeric(c.text), c.numeric) << c.text;

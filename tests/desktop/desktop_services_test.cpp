@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
+#include <string>
 
 #include "desktop/key_hook.h"
 #include "desktop/list_channel.h"
@@ -59,6 +60,19 @@ TEST(WindowSize, SavedPerFormAndIncompleteSizesIgnored) {
   EXPECT_EQ(ReadWindowSize(file), (Rect{-5, 10, 800, 600}));
   ASSERT_TRUE(SaveWindowSize(file, {0, 0, 0, 600}));
   EXPECT_FALSE(ReadWindowSize(file).has_value());
+  // A hand-edited file with a number no window can have is no size, whatever the number.
+  const struct {
+    const char* left;
+    const char* height;
+  } beyond[] = {{"1", "7.E+682"}, {"1E+10", "600"}, {"-3000000000", "600"}, {"1", "1E+10"}};
+  for (const auto& c : beyond) {
+    SCOPED_TRACE(std::string(c.left) + " " + c.height);
+    std::ofstream(file, std::ios::binary) << "[WindowSize]\r\nLeft=" << c.left << "\r\nTop=2\r\nWidth=800.7\r\nHeight="
+                                          << c.height << "\r\n";
+    EXPECT_FALSE(ReadWindowSize(file).has_value());
+  }
+  std::ofstream(file, std::ios::binary) << "[WindowSize]\r\nLeft=1\r\nTop=2\r\nWidth=800.7\r\nHeight=6E+2\r\n";
+  EXPECT_EQ(ReadWindowSize(file), (Rect{1, 2, 800, 600}));
   std::filesystem::remove_all(home);
 }
 

@@ -53,6 +53,22 @@ TEST(WellNetReceipts, QuotedCommasShortLinesAndZeroReceiptDates) {
   EXPECT_EQ(quiet.count, 0);
 }
 
+// An amount beyond a whole number is a fault of the file, reported with nothing read.
+TEST(WellNetReceipts, FileWithANumberTooLargeGivesAnErrorAndNoRows) {
+  lupin::testing::TempFolder dir{"lupin_wellnet_"};
+  clsWellNet wellnet;
+  wellnet.DisplayMsg = false;
+  wellnet.fileName = dir.Path() / "receipts.csv";
+  WriteBytes(wellnet.fileName, text::ToCp932("1,0000000301,1638001,新宿,山田,20240501,6290,20240420,1230,20240421,01\r\n"
+                                             "2,0000000302,2200012,横浜,鈴木,20240502,99999999999,20240420,0,0,01\r\n"
+                                             "3,0000000303,short\r\n")
+                                    .bytes);
+  EXPECT_NE(wellnet.InputFile(), 0);
+  EXPECT_EQ(wellnet.ErrorMsg, "オーバーフローしました。");
+  EXPECT_EQ(wellnet.InputRowCount(), 0);
+  EXPECT_TRUE(wellnet.SkippedLines().empty());
+}
+
 TEST(WellNetReceipts, SplitsByQuotesOnlyWithTwoOfThem) {
   EXPECT_EQ(SplitWellNetLine("\"a,b\",c"), (std::vector<std::string>{"a,b", "c"}));
   EXPECT_EQ(SplitWellNetLine("a\"b,c"), (std::vector<std::string>{"a\"b", "c"}));
