@@ -26,7 +26,7 @@ constexpr std::size_t kQueueDepth = 16;
 // higher trim threshold keeps the freed top of the heap for the next page.
 void KeepPageBuffers() {
   static std::once_flag once;
-  std::call_once(once, [] { mallopt(M_TRIM_THRESHOLD, 8 << 20); });
+  std::call_once(once, [] { mallopt(M_TRIM_THRESHOLD, 1 << 20); });
 }
 
 struct QueuedPage {
