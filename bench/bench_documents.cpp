@@ -4,20 +4,15 @@
 #include <benchmark/benchmark.h>
 
 #include <chrono>
-#include <filesystem>
-#include <fstream>
-#include <memory>
-#include <random>
+#include <cstdint>
+#include <cstdio>
 #include <string>
 
+#include "bench_demo_home.h"
 #include "catalogue/load_report_definition.h"
-#include "db/connection.h"
 #include "engine/display.h"
 #include "engine/render_pdf.h"
 #include "entry/catalogue.h"
-#include "entry/context.h"
-#include "demo/demo_data.h"
-#include "entry/schema.h"
 #include "reports/documents/sales_summary.h"
 #include "run/preview_runner_engine.h"
 
@@ -29,40 +24,11 @@ constexpr int kListOrders = 10000;
 constexpr int kLinesPerOrder = 5;
 constexpr int kLabelSheets = 1000;
 
-// Peak resident memory of the process so far, in MB.
-double PeakMb() {
-  std::ifstream status("/proc/self/status");
-  std::string key;
-  for (long kb = 0; status >> key;) {
-    if (key == "VmHWM:") {
-      status >> kb;
-      return static_cast<double>(kb) / 1024.0;
-    }
-  }
-  return 0;
-}
-
-struct Database {
-  std::filesystem::path folder;
-  std::unique_ptr<db::Connection> db;
-  std::unique_ptr<entry::Context> context;
+struct Database : bench::DemoHome {
   engine::ReportRegistry registry = run::ReportObjects();
 
-  explicit Database(const char* name) {
-    folder = std::filesystem::temp_directory_path() / (std::string("lupin_bench_") + name + std::to_string(std::random_device{}()));
-    std::filesystem::create_directories(folder / "settings");
-    db = db::OpenConnection("sqlite:" + (folder / "bench.db").string());
-    entry::CreateSchema(*db);
-    demo::FillCatalogue(*db);
-    context = std::make_unique<entry::Context>(db.get(), settings::StorePaths::InFolder(folder / "settings"), folder);
-    context->login.client_name = "BENCH";
-  }
-  ~Database() {
-    context.reset();
-    db.reset();
-    std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
-  }
+  Database(const char* name, int orders, std::uint64_t seed)
+      : DemoHome(name, {.orders = orders, .seed = seed, .engine = db::Engine::Sqlite, .client = "BENCH"}) {}
 
   // The report of that number into a PDF; its pages, or 0 on a fault.
   int Render(std::int32_t report_no) {
@@ -83,13 +49,11 @@ struct Database {
 
 // 10,000 orders of five shipped lines each over a year of shipping days, all staged.
 Database& ShipmentData() {
-  static Database data("list");
+  // 200 demo orders for the shops, payment methods and people.
+  static Database data("list", 200, 1);
   static bool filled = false;
   if (!filled) {
     filled = true;
-    demo::DemoOptions demo;
-    demo.orders = 200;  // shops, payment methods and people
-    demo::FillDemoData(*data.db, demo);
     auto& db = *data.db;
     db.BeginTrans();
     for (int i = 0; i < kListOrders; ++i) {
@@ -127,20 +91,12 @@ void ShipmentList(benchmark::State& state) {
   state.counters["pages"] = pages;
   state.counters["pages_per_s"] = benchmark::Counter(pages, benchmark::Counter::kIsIterationInvariantRate);
   state.counters["wall_pages_per_s"] = wall > 0 ? pages / wall : 0;
-  state.counters["peak_rss_mb"] = PeakMb();
+  state.counters["peak_rss_mb"] = static_cast<double>(bench::PeakResidentKb()) / 1024.0;
 }
 
 // The demo shop of 12,000 orders (one a label); the summary takes 2022 to 2024 of it.
 Database& DemoData() {
-  static Database data("demo");
-  static bool filled = false;
-  if (!filled) {
-    filled = true;
-    demo::DemoOptions demo;
-    demo.orders = kLabelSheets * 12;
-    demo.seed = 7;
-    demo::FillDemoData(*data.db, demo);
-  }
+  static Database data("demo", kLabelSheets * 12, 7);
   return data;
 }
 
@@ -179,7 +135,7 @@ void LabelSheets(benchmark::State& state) {
   state.counters["sheets"] = pages;
   state.counters["sheets_per_s"] = benchmark::Counter(pages, benchmark::Counter::kIsIterationInvariantRate);
   state.counters["wall_sheets_per_s"] = wall > 0 ? pages / wall : 0;
-  state.counters["peak_rss_mb"] = PeakMb();
+  state.counters["peak_rss_mb"] = static_cast<double>(bench::PeakResidentKb()) / 1024.0;
 }
 
 BENCHMARK(ShipmentList)->Unit(benchmark::kSecond)->Iterations(1)->Repetitions(3);

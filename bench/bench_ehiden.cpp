@@ -2,9 +2,7 @@
 // on SQLite, the B2 file also on PostgreSQL (LUPIN_TEST_PG_URL), and the Shift-JIS conversion and
 // write of the e-飛伝Ⅲ text on its own.
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -12,14 +10,11 @@
 #include <memory>
 #include <string>
 
+#include "bench_demo_home.h"
 #include "common/files.h"
 #include "common/grid.h"
 #include "common/text.h"
-#include "db/connection.h"
-#include "demo/demo_data.h"
 #include "entry/catalogue.h"
-#include "entry/context.h"
-#include "entry/schema.h"
 #include "entry/ui.h"
 #include "exchange/ehiden_export.h"
 #include "exchange/file_writer.h"
@@ -30,39 +25,17 @@ constexpr int kOrders = 10000;
 using lupin::db::Engine;
 
 struct Fixture {
-  std::filesystem::path dir;
-  std::unique_ptr<lupin::db::Connection> db;
-  std::unique_ptr<lupin::entry::Context> context;
+  lupin::bench::DemoHome home;
   lupin::common::Grid grid{0, 16};
-  std::string schema;  // PostgreSQL: the schema of this run, dropped at the end
-  std::string why;     // why the fixture could not be made
 
-  explicit Fixture(Engine engine) {
-    dir = std::filesystem::temp_directory_path() /
-          ("lupin_bench_files_" + std::to_string(::getpid()) + (engine == Engine::Sqlite ? "_sqlite" : "_pg"));
-    std::filesystem::create_directories(dir / "settings");
-    if (engine == Engine::Sqlite) {
-      db = lupin::db::OpenConnection("sqlite:" + (dir / "orders.db").string());
-    } else {
-      const char* base = std::getenv("LUPIN_TEST_PG_URL");
-      if (base == nullptr || *base == '\0') {
-        why = "LUPIN_TEST_PG_URL is not set (scripts/pg-test-cluster start)";
-        return;
-      }
-      db = lupin::db::OpenConnection(base);
-      schema = "bench_files_" + std::to_string(::getpid());
-      db->Execute("CREATE SCHEMA " + schema);
-      db->Execute("SET search_path = " + schema);
-    }
-    lupin::entry::CreateSchema(*db);
-    lupin::demo::FillCatalogue(*db);
-    lupin::demo::FillDemoData(*db, {.orders = kOrders, .seed = 11, .batch = 1000, .progress = {}});
+  explicit Fixture(Engine engine) : home("files", {.orders = kOrders, .seed = 11, .engine = engine, .client = "BENCH"}) {
+    if (!home.Ready()) return;
+    auto& db = home.db;
     // Every order an Amazon order with a carrier, so no file stops at a row it rightly refuses.
     db->Execute("UPDATE [CHUMON] SET [電子決済受付No] = 'AMZ-' || CAST([ID] AS VARCHAR(12))");
     db->Execute("UPDATE [CHUMON] SET [宅配業者] = 'ヤマト運輸' WHERE COALESCE([宅配業者],'') = ''");
     db->Execute("UPDATE [CHUMON] SET [出荷伝票番号] = '1234-5678-9012' WHERE COALESCE([出荷伝票番号],'') = ''");
-    context = std::make_unique<lupin::entry::Context>(
-        db.get(), lupin::settings::StorePaths::InFolder(dir / "settings"), dir);
+    auto& context = home.context;
     context->current.fld_txt = {"ルパン商店", "100-0001", "03-1111-2222", "0312345678,01,02", "東京都千代田区千代田１－１"};
     context->current.report_name = "ベンチマーク";
     context->dialect = 0;
@@ -93,11 +66,6 @@ struct Fixture {
       grid.SetText(row, 12, "0");
     }
   }
-  ~Fixture() {
-    std::error_code ignored;
-    if (!schema.empty()) db->Execute("DROP SCHEMA " + schema + " CASCADE");
-    std::filesystem::remove_all(dir, ignored);
-  }
 };
 
 Fixture& Get(Engine engine) {
@@ -110,20 +78,20 @@ Fixture& Get(Engine engine) {
 // One iteration is one whole export of the report's file.
 void BM_FileExport(benchmark::State& state, int report_no, Engine engine) {
   Fixture& f = Get(engine);
-  if (!f.why.empty()) {
-    state.SkipWithError(f.why.c_str());
+  if (!f.home.Ready()) {
+    state.SkipWithError(f.home.why.c_str());
     return;
   }
   const auto writer = lupin::exchange::MakeFileWriter(lupin::entry::CatalogueOf(report_no).object);
   lupin::entry::RecordingUi ui;
-  const auto out = f.dir / ("report_" + std::to_string(report_no) + ".csv");
+  const auto out = f.home.folder / ("report_" + std::to_string(report_no) + ".csv");
   // Once before timing: the AB sales file computes the missing CHUMON_T rows on its first run.
-  if (const auto first = writer->Write(*f.context, ui, f.grid, out); first.code != 0) {
+  if (const auto first = writer->Write(*f.home.context, ui, f.grid, out); first.code != 0) {
     state.SkipWithError(first.message.c_str());
     return;
   }
   for (auto _ : state) {
-    const auto result = writer->Write(*f.context, ui, f.grid, out);
+    const auto result = writer->Write(*f.home.context, ui, f.grid, out);
     if (result.code != 0) {
       state.SkipWithError(result.message.c_str());
       return;
@@ -159,17 +127,17 @@ void BM_Ehiden3Cp932ConvertAndWrite(benchmark::State& state) {
   Fixture& f = Get(Engine::Sqlite);
   lupin::entry::RecordingUi ui;
   lupin::exchange::modEhiden3Csv writer;
-  if (writer.Export(*f.context, ui, f.grid, f.dir / "ehiden_s.csv") != 0) {
+  if (writer.Export(*f.home.context, ui, f.grid, f.home.folder / "ehiden_s.csv") != 0) {
     state.SkipWithError(writer.ErrorText().c_str());
     return;
   }
-  std::ifstream in(f.dir / "ehiden_s.csv", std::ios::binary);
+  std::ifstream in(f.home.folder / "ehiden_s.csv", std::ios::binary);
   const std::string text = lupin::text::FromCp932(std::string(std::istreambuf_iterator<char>(in), {}));
   std::size_t bytes = 0;
   for (auto _ : state) {
     auto sjis = lupin::text::ToCp932(text);
     bytes = sjis.bytes.size();
-    if (!lupin::files::ReplaceFileAtomically(f.dir / "cp932.csv", sjis.bytes)) state.SkipWithError("write failed");
+    if (!lupin::files::ReplaceFileAtomically(f.home.folder / "cp932.csv", sjis.bytes)) state.SkipWithError("write failed");
   }
   state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * bytes));
 }

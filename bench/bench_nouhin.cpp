@@ -4,28 +4,21 @@
 // note, with the lookups the report keeps for the run counted apart.
 #include <benchmark/benchmark.h>
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <memory>
-#include <random>
 #include <string>
 
+#include "bench_demo_home.h"
 #include "catalogue/load_report_definition.h"
 #include "db/connection.h"
 #include "engine/display.h"
 #include "engine/render_pdf.h"
 #include "entry/context.h"
-#include "demo/demo_data.h"
-#include "entry/schema.h"
 #include "entry/ui.h"
 #include "reports/documents/nouhin.h"
-#include "run/print_form.h"
-#include "run/select_form.h"
 
 namespace {
 
@@ -39,13 +32,6 @@ int Notes() {
   return notes != nullptr && std::atoi(notes) > 0 ? std::atoi(notes) : 10000;
 }
 const int kNotes = Notes();
-
-long ResidentKb() {
-  std::ifstream statm("/proc/self/statm");
-  long pages = 0, resident = 0;
-  statm >> pages >> resident;
-  return resident * (::sysconf(_SC_PAGESIZE) / 1024);
-}
 
 // The caller's connection with every statement counted.
 class CountingConnection : public db::Connection {
@@ -71,10 +57,10 @@ class SampledPdf : public engine::PageSink {
   void Begin(const engine::DocumentInfo& info) override { pdf_.Begin(info); }
   void AddPage(const engine::Page& page) override {
     pdf_.AddPage(page);
-    if (++pages % 500 == 0) high_kb = std::max(high_kb, ResidentKb());
+    if (++pages % 500 == 0) high_kb = std::max(high_kb, bench::ResidentKb());
   }
   void End() override {
-    high_kb = std::max(high_kb, ResidentKb());
+    high_kb = std::max(high_kb, bench::ResidentKb());
     pdf_.End();
   }
   long high_kb = 0;
@@ -85,73 +71,26 @@ class SampledPdf : public engine::PageSink {
 };
 
 struct Fixture {
-  std::filesystem::path folder;
-  std::unique_ptr<db::Connection> db;
-  std::unique_ptr<entry::Context> context;
+  bench::DemoHome home;
   entry::RecordingUi ui;
   engine::ReportRegistry registry;
-  std::string error;
 
-  explicit Fixture(db::Engine engine) {
-    folder = std::filesystem::temp_directory_path() / ("lupin_bench_nouhin_" + std::to_string(std::random_device{}()));
-    std::filesystem::create_directories(folder / "settings");
-    if (engine == db::Engine::Sqlite) {
-      db = db::OpenConnection("sqlite:" + (folder / "bench.db").string());
-    } else {
-      const char* url = std::getenv("LUPIN_TEST_PG_URL");
-      if (url == nullptr || *url == '\0') {
-        error = "LUPIN_TEST_PG_URL is not set (scripts/pg-test-cluster start)";
-        return;
-      }
-      db = db::OpenConnection(url);
-      const std::string schema = "bench_nouhin_" + std::to_string(::getpid());
-      db->Execute("DROP SCHEMA IF EXISTS " + schema + " CASCADE");
-      db->Execute("CREATE SCHEMA " + schema);
-      db->Execute("SET search_path = " + schema);
-    }
-    entry::CreateSchema(*db);
-    demo::FillCatalogue(*db);
-    demo::DemoOptions demo;
-    demo.orders = kNotes;
-    demo.seed = 11;
-    demo::FillDemoData(*db, demo);
-    context = std::make_unique<entry::Context>(db.get(), settings::StorePaths::InFolder(folder / "settings"), folder);
-    context->login.client_name = "BENCH";
+  explicit Fixture(db::Engine engine) : home("nouhin", {.orders = kNotes, .seed = 11, .engine = engine, .client = "BENCH"}) {
     reports::RegisterNouhinReports(registry);
-  }
-  ~Fixture() {
-    db.reset();
-    std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
-  }
-
-  int SelectAndStage() {
-    run::SelectForm form(*context, ui);
-    form.Form_Load();
-    form.Form_Activate();
-    for (int i = 0; i < form.cboList.ListCount(); ++i) {
-      if (form.cboList.item_data[static_cast<std::size_t>(i)] == kReport) form.cboList.list_index = i;
-    }
-    form.cboList_Click();
-    for (auto& box : form.chkChumonOption) box.value = 0;
-    if (form.cmdSelect() == run::SelectOutcome::Stopped) return 0;
-    run::PrintForm print(*context, ui, form);
-    if (!print.Form_Activate()) return 0;
-    if (print.cmdPrint() != run::PrintOutcome::Preview) return 0;
-    return print.staged_rows;
   }
 
   // The notes of the staged rows into a PDF, on a connection that counts the statements.
   engine::RunResult Render(SampledPdf& sink, CountingConnection& counting, reports::NouhinQueryCounts& counts) {
-    catalogue::LoadReportDefinition(*context, kReport);
-    db::Connection* own = context->connection;
-    context->connection = &counting;
-    context->dialect = 0;  // CAST(… AS VARCHAR(255)): the dialect both engines take
-    auto report = registry.Create("rptNouhin", *context);
-    engine::ApplyReportSettings(*report, context->current);
+    entry::Context& context = *home.context;
+    catalogue::LoadReportDefinition(context, kReport);
+    db::Connection* own = context.connection;
+    context.connection = &counting;
+    context.dialect = 0;  // CAST(… AS VARCHAR(255)): the dialect both engines take
+    auto report = registry.Create("rptNouhin", context);
+    engine::ApplyReportSettings(*report, context.current);
     const auto result = report->Run(sink);
     counts = static_cast<reports::NouhinReport&>(*report).Counts();
-    context->connection = own;
+    context.connection = own;
     return result;
   }
 };
@@ -165,8 +104,8 @@ Fixture& Shared(db::Engine engine) {
 
 void EndToEnd(benchmark::State& state, db::Engine engine) {
   Fixture& f = Shared(engine);
-  if (!f.error.empty()) {
-    state.SkipWithError(f.error.c_str());
+  if (!f.home.Ready()) {
+    state.SkipWithError(f.home.why.c_str());
     return;
   }
   int notes = 0, pages = 0;
@@ -175,9 +114,9 @@ void EndToEnd(benchmark::State& state, db::Engine engine) {
   double wall = 0;
   for (auto _ : state) {
     const auto start = std::chrono::steady_clock::now();
-    notes = f.SelectAndStage();
-    SampledPdf sink((f.folder / "notes.pdf").string());
-    CountingConnection counting(*f.db);
+    notes = bench::SelectAndStage(*f.home.context, f.ui, kReport);
+    SampledPdf sink((f.home.folder / "notes.pdf").string());
+    CountingConnection counting(*f.home.db);
     const auto result = f.Render(sink, counting, counts);
     wall = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     if (!result.ok || notes != kNotes) state.SkipWithError(("run failed: " + result.fault.description).c_str());

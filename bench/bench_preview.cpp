@@ -2,16 +2,10 @@
 // the run alone, and with each output the command line offers.
 #include <benchmark/benchmark.h>
 
-#include <filesystem>
-#include <memory>
-#include <random>
 #include <string>
 
+#include "bench_demo_home.h"
 #include "catalogue/load_report_definition.h"
-#include "db/connection.h"
-#include "entry/context.h"
-#include "demo/demo_data.h"
-#include "entry/schema.h"
 #include "run/preview_runner_engine.h"
 
 namespace {
@@ -21,29 +15,11 @@ using namespace lupin;
 constexpr int kOrders = 500;
 
 struct Fixture {
-  Fixture() : folder(std::filesystem::temp_directory_path() / ("lupin_bench_preview_" + std::to_string(std::random_device{}()))) {
-    std::filesystem::create_directories(folder);
-    db = db::OpenConnection("sqlite:" + (folder / "bench.db").string());
-    entry::CreateSchema(*db);
-    demo::FillCatalogue(*db);
-    demo::DemoOptions demo;
-    demo.orders = kOrders;
-    demo.seed = 11;
-    demo::FillDemoData(*db, demo);
-    db->Execute("INSERT INTO [WK_PRINT]([ID],[CLIENT_NAME]) SELECT [ID],'PC01' FROM [CHUMON]");
-    context = std::make_unique<entry::Context>(db.get(), settings::StorePaths::InFolder(folder), folder);
-    context->login.client_name = "PC01";
-    catalogue::LoadReportDefinition(*context, 54);
+  Fixture() {
+    home.db->Execute("INSERT INTO [WK_PRINT]([ID],[CLIENT_NAME]) SELECT [ID],'PC01' FROM [CHUMON]");
+    catalogue::LoadReportDefinition(*home.context, 54);
   }
-  ~Fixture() {
-    context.reset();
-    db.reset();
-    std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
-  }
-  std::filesystem::path folder;
-  std::unique_ptr<db::Connection> db;
-  std::unique_ptr<entry::Context> context;
+  bench::DemoHome home{"preview", {.orders = kOrders, .seed = 11, .engine = db::Engine::Sqlite, .client = "PC01"}};
 };
 
 Fixture& Shared() {
@@ -56,7 +32,7 @@ void RunWith(benchmark::State& state, const run::PreviewOutputs& outputs) {
   int pages = 0;
   for (auto _ : state) {
     run::EnginePreviewRunner runner(run::ReportObjects(), outputs);
-    if (!runner.Run(*f.context, "rptPickingSyuDate") || !runner.Print()) {
+    if (!runner.Run(*f.home.context, "rptPickingSyuDate") || (outputs.print && !runner.Print())) {
       state.SkipWithError(runner.Message().c_str());
       return;
     }
@@ -71,13 +47,13 @@ void BM_PreviewLayoutOnly(benchmark::State& state) { RunWith(state, {}); }
 
 void BM_PreviewPdf(benchmark::State& state) {
   run::PreviewOutputs outputs;
-  outputs.pdf = (Shared().folder / "p.pdf").string();
+  outputs.pdf = (Shared().home.folder / "p.pdf").string();
   RunWith(state, outputs);
 }
 
 void BM_PreviewDump(benchmark::State& state) {
   run::PreviewOutputs outputs;
-  outputs.dump = (Shared().folder / "p.json").string();
+  outputs.dump = (Shared().home.folder / "p.json").string();
   RunWith(state, outputs);
 }
 
@@ -85,7 +61,7 @@ void BM_PreviewDump(benchmark::State& state) {
 void BM_PrintToPdf(benchmark::State& state) {
   run::PreviewOutputs outputs;
   outputs.print = true;
-  outputs.print_pdf = (Shared().folder / "printed.pdf").string();
+  outputs.print_pdf = (Shared().home.folder / "printed.pdf").string();
   RunWith(state, outputs);
 }
 

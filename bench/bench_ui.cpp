@@ -7,16 +7,10 @@
 #include <QElapsedTimer>
 
 #include <cstdlib>
-#include <filesystem>
-#include <memory>
-#include <random>
 #include <string>
 
+#include "bench_demo_home.h"
 #include "catalogue/load_report_definition.h"
-#include "db/connection.h"
-#include "entry/context.h"
-#include "demo/demo_data.h"
-#include "entry/schema.h"
 #include "run/print_form.h"
 #include "ui/desktop_session.h"
 #include "ui/preview_window.h"
@@ -36,29 +30,8 @@ QApplication& App() {
   return *application;
 }
 
-struct Shop {
-  explicit Shop(int orders)
-      : folder(std::filesystem::temp_directory_path() / ("lupin_bench_ui_" + std::to_string(std::random_device{}()))) {
-    std::filesystem::create_directories(folder);
-    db = db::OpenConnection("sqlite:" + (folder / "bench.db").string());
-    entry::CreateSchema(*db);
-    demo::FillCatalogue(*db);
-    demo::DemoOptions options;
-    options.orders = orders;
-    options.seed = 3;
-    demo::FillDemoData(*db, options);
-    context = std::make_unique<entry::Context>(db.get(), settings::StorePaths::InFolder(folder), folder);
-    context->login.client_name = "PC01";
-  }
-  ~Shop() {
-    context.reset();
-    db.reset();
-    std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
-  }
-  std::filesystem::path folder;
-  std::unique_ptr<db::Connection> db;
-  std::unique_ptr<entry::Context> context;
+struct Shop : bench::DemoHome {
+  explicit Shop(int orders) : DemoHome("ui", {.orders = orders, .seed = 3, .engine = db::Engine::Sqlite, .client = "PC01"}) {}
 };
 
 void BM_ShowToUsableSelectionWindow(benchmark::State& state) {

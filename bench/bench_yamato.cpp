@@ -4,28 +4,18 @@
 // orders then go through one slip of each other carrier family, rendering alone.
 #include <benchmark/benchmark.h>
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <chrono>
-#include <filesystem>
-#include <fstream>
 #include <memory>
-#include <random>
 #include <string>
 
+#include "bench_demo_home.h"
 #include "catalogue/load_report_definition.h"
-#include "db/connection.h"
 #include "engine/display.h"
 #include "engine/render_pdf.h"
 #include "entry/catalogue.h"
-#include "entry/context.h"
-#include "demo/demo_data.h"
-#include "entry/schema.h"
 #include "entry/ui.h"
 #include "reports/slips/slip_registration.h"
-#include "run/print_form.h"
-#include "run/select_form.h"
 
 namespace {
 
@@ -33,13 +23,6 @@ using namespace lupin;
 
 constexpr int kSlips = 10000;
 constexpr int kReport = 25;
-
-long ResidentKb() {
-  std::ifstream statm("/proc/self/statm");
-  long pages = 0, resident = 0;
-  statm >> pages >> resident;
-  return resident * (::sysconf(_SC_PAGESIZE) / 1024);
-}
 
 // The PDF renderer with the resident memory sampled as the pages arrive.
 class SampledPdf : public engine::PageSink {
@@ -49,7 +32,7 @@ class SampledPdf : public engine::PageSink {
   void AddPage(const engine::Page& page) override {
     pdf_.AddPage(page);
     if (++pages_ % 500 == 0) {
-      const long kb = ResidentKb();
+      const long kb = bench::ResidentKb();
       // The first samples include the fonts and caches being set up.
       if (pages_ == 1000) low_kb = kb;
       high_kb = std::max(high_kb, kb);
@@ -64,64 +47,31 @@ class SampledPdf : public engine::PageSink {
 };
 
 struct Fixture {
-  std::filesystem::path folder;
-  std::unique_ptr<db::Connection> db;
-  std::unique_ptr<entry::Context> context;
+  bench::DemoHome home{"yamato", {.orders = kSlips, .seed = 11, .engine = db::Engine::Sqlite, .client = "BENCH"}};
   entry::RecordingUi ui;
   engine::ReportRegistry registry;
 
   Fixture() {
-    folder = std::filesystem::temp_directory_path() / ("lupin_bench_yamato_" + std::to_string(std::random_device{}()));
-    std::filesystem::create_directories(folder / "settings");
-    db = db::OpenConnection("sqlite:" + (folder / "bench.db").string());
-    entry::CreateSchema(*db);
-    demo::FillCatalogue(*db);
-    demo::DemoOptions demo;
-    demo.orders = kSlips;
-    demo.seed = 11;
-    demo::FillDemoData(*db, demo);
     // Every demo order goes by Yamato, so the print list keeps them all.
-    db->Execute("UPDATE [CHUMON] SET [宅配業者] = 'ヤマト運輸'");
-    context = std::make_unique<entry::Context>(db.get(), settings::StorePaths::InFolder(folder / "settings"), folder);
-    context->login.client_name = "BENCH";
+    home.db->Execute("UPDATE [CHUMON] SET [宅配業者] = 'ヤマト運輸'");
     // Date literals between quotes: the tax-rate lookups of the collect forms run on SQLite. The
     // selection form reads the dialect from the settings when it loads.
-    context->settings.SaveSetting(0, "0", "ResouceMode");
+    home.context->settings.SaveSetting(0, "0", "ResouceMode");
     reports::RegisterSlipReports(registry);
   }
-  ~Fixture() {
-    db.reset();
-    std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
-  }
 
-  // Report 25 chosen, every criterion cleared, selected, listed and staged. The staged rows.
-  int SelectAndStage() {
-    run::SelectForm form(*context, ui);
-    form.Form_Load();
-    form.Form_Activate();
-    for (int i = 0; i < form.cboList.ListCount(); ++i) {
-      if (form.cboList.item_data[static_cast<std::size_t>(i)] == kReport) form.cboList.list_index = i;
-    }
-    form.cboList_Click();
-    for (auto& box : form.chkChumonOption) box.value = 0;
-    if (form.cmdSelect() == run::SelectOutcome::Stopped) return 0;
-    run::PrintForm print(*context, ui, form);
-    if (!print.Form_Activate()) return 0;
-    if (print.cmdPrint() != run::PrintOutcome::Preview) return 0;
-    return print.staged_rows;
-  }
+  int SelectAndStage() { return bench::SelectAndStage(*home.context, ui, kReport); }
 
   // The slips of the staged rows into a PDF, as the preview runs them. The pages.
   int Render(SampledPdf& sink, int report_no = kReport) {
-    catalogue::LoadReportDefinition(*context, report_no);
-    auto report = registry.Create(entry::CatalogueOf(report_no).object, *context);
-    engine::ApplyReportSettings(*report, context->current);
+    catalogue::LoadReportDefinition(*home.context, report_no);
+    auto report = registry.Create(entry::CatalogueOf(report_no).object, *home.context);
+    engine::ApplyReportSettings(*report, home.context->current);
     const auto result = report->Run(sink);
     return result.ok ? result.pages : 0;
   }
 
-  std::string PdfPath() const { return (folder / "slips.pdf").string(); }
+  std::string PdfPath() const { return (home.folder / "slips.pdf").string(); }
 };
 
 Fixture& Shared() {

@@ -8,7 +8,8 @@ namespace lupin::engine {
 namespace {
 
 constexpr double kTwipsPerPoint = 20.0;
-constexpr std::size_t kBarcodeCacheLimit = 4096;
+// Bar codes mostly carry an order's own number or address, so few ever repeat.
+constexpr std::size_t kBarcodeCacheLimit = 512;
 
 struct Box {
   double x, y, w, h;

@@ -1,7 +1,6 @@
 #include "engine/render_shaper.h"
 
 #include <algorithm>
-#include <cstdio>
 
 #include "engine/fonts_pango.h"
 
@@ -11,14 +10,18 @@ namespace {
 
 constexpr double kUnit = 1.0 / PANGO_SCALE;
 
+// The text, the font name and the raw bytes of the rest: a key made per item of every page, so no
+// number formatting.
 void AppendKey(std::string& key, std::string_view text, const FontSpec& font, double wrap_width) {
+  const double wrap = wrap_width > 0 ? wrap_width : 0.0;
+  const char flags[2] = {font.bold ? '1' : '0', font.italic ? '1' : '0'};
   key.assign(text);
   key += '\0';
   key += font.name;
-  char buffer[64];
-  int n = std::snprintf(buffer, sizeof buffer, "|%.3f|%d%d|%.3f", font.size, font.bold ? 1 : 0,
-                        font.italic ? 1 : 0, wrap_width > 0 ? wrap_width : 0.0);
-  key.append(buffer, static_cast<std::size_t>(n));
+  key += '\0';
+  key.append(reinterpret_cast<const char*>(&font.size), sizeof font.size);
+  key.append(flags, sizeof flags);
+  key.append(reinterpret_cast<const char*>(&wrap), sizeof wrap);
 }
 
 }  // namespace

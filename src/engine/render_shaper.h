@@ -45,8 +45,10 @@ struct ShapedText {
 // Shapes with one context and one layout for its whole life; not shared between threads.
 class TextShaper {
  public:
-  // Captions and shop names stay warm; a season's names and addresses pass through.
-  explicit TextShaper(std::size_t cache_limit = 4096);
+  // Captions and shop names stay warm; a season's names and addresses pass through. Enough for
+  // the distinct texts of some twenty dense pages (about 1 KB each); more only holds names that
+  // will not come back.
+  explicit TextShaper(std::size_t cache_limit = 2048);
   ~TextShaper();
   TextShaper(const TextShaper&) = delete;
   TextShaper& operator=(const TextShaper&) = delete;
