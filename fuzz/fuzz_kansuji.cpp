@@ -2,6 +2,7 @@
 // as the number.
 #include <string>
 
+#include "common/text.h"
 #include "fuzz_input.h"
 #include "money/kansuji.h"
 
@@ -21,7 +22,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (const char c : digits) {
     if (c < '0' || c > '9') __builtin_trap();
   }
-  (void)lupin::money::IsKansujiChar(text, input.Rest());
+  // Every position of the text, and one past its end, can be asked about.
+  const std::u32string wide = lupin::text::ToU32(text);
+  for (std::size_t pos = 0; pos <= wide.size(); ++pos) (void)lupin::money::IsKansujiChar(wide, pos);
 
   // A number of three digits written digit by digit with a zero sign reads back as itself.
   const unsigned n = (a * 256 + b) % 1000;

@@ -9,6 +9,7 @@
 #include <memory>
 #include <sstream>
 
+#include "app/cli_support.h"
 #include "app/command_registry.h"
 #include "common/files.h"
 #include "db/connection.h"
@@ -46,15 +47,42 @@ bool HasDisplay() {
   return false;
 }
 
+// The windows --screenshot can draw.
+constexpr const char* kWindows[] = {"frmSelect", "frmPrint", "frmPreview", "frmSetting", "frmAllFormat",
+                                    "注文一覧", "顧客一覧", "商品一覧"};
+
 entry::LoginRecord ParseLogin(const std::string& text) {
-  entry::LoginRecord login;
-  std::stringstream stream(text);
-  std::string number;
-  std::getline(stream, login.user, ',');
-  std::getline(stream, number, ',');
-  std::getline(stream, login.client_name);
-  login.number = static_cast<std::int16_t>(std::atoi(number.c_str()));
-  return login;
+  run::LoginParts parts;
+  if (!text.empty()) {
+    if (const std::string refusal = run::CheckLogin(text, parts); !refusal.empty()) RefuseUsage(refusal);
+  }
+  return {parts.user, parts.number, parts.client};
+}
+
+void CheckArguments(const GuiArgs& args) {
+  ParseLogin(args.login);
+  if (args.page < 1) RefuseUsage("--page の値 " + std::to_string(args.page) + " は使えません。1 以上のページ番号で指定してください。");
+  if (args.window.empty()) return;
+  std::string list;
+  for (const char* window : kWindows) {
+    if (args.window == window) return;
+    list += (list.empty() ? "" : ", ") + std::string(window);
+  }
+  RefuseUsage("--window の値 '" + args.window + "' は使えません。次のいずれかです: " + list);
+}
+
+// A --report that the catalogue of this database does not offer is refused with the ones it does.
+void CheckReport(db::Connection& connection, int report) {
+  if (report < 0) return;
+  auto rs = connection.Open("SELECT [REPORT_NO] FROM [REPORT] WHERE [ENABLED] <> 0 ORDER BY [REPORT_NO]");
+  std::string list;
+  for (; !rs.Eof(); rs.MoveNext()) {
+    const auto number = rs["REPORT_NO"].Long();
+    if (number == report) return;
+    list += (list.empty() ? "" : ", ") + std::to_string(number);
+  }
+  RefuseUsage("--report の値 " + std::to_string(report) +
+              " は帳票の一覧にありません (REPORT にないか、ENABLED が 0 です)。帳票番号は次のいずれかです: " + list);
 }
 
 int WriteSamplePdf(const GuiArgs& args, const std::string& db_url, const std::filesystem::path& home) {
@@ -96,28 +124,22 @@ int Interactive(const GuiArgs& args, db::Connection& connection, const settings:
 }
 
 int Run(const GuiArgs& args) {
+  CheckArguments(args);
   const auto stores = args.settings_dir.empty() ? settings::StorePaths::Default()
                                                 : settings::StorePaths::InFolder(args.settings_dir);
-  const std::filesystem::path home =
-      args.home.empty() ? entry::DefaultComponentDirectory(stores) : std::filesystem::path(args.home);
+  const std::filesystem::path home = ComponentHome(args.home);
   std::error_code ignored;
   std::filesystem::create_directories(home, ignored);
   const std::string db_url = ConfiguredDatabase(args, settings::Settings(stores));
   if (db_url.empty()) {
-    std::cerr << "データベースが設定されていません。--db sqlite:PATH か環境変数 LUPIN_DB で指定してください。\n";
-    return 2;
+    Fail("データベースが設定されていません。--db sqlite:PATH か環境変数 LUPIN_DB で指定してください。", kExitNotOpened);
   }
   const bool screenshot = !args.screenshot.empty();
   if (!screenshot && !HasDisplay()) return WriteSamplePdf(args, db_url, home);
   if (screenshot) setenv("QT_QPA_PLATFORM", "offscreen", 1);
 
-  std::unique_ptr<db::Connection> connection;
-  try {
-    connection = db::OpenConnection(db_url);
-  } catch (const std::exception& e) {
-    std::cerr << "データベースに接続できません: " << e.what() << '\n';
-    return 2;
-  }
+  const std::unique_ptr<db::Connection> connection = OpenDatabase(db_url);
+  CheckReport(*connection, args.report);
   int argc = 1;
   char name[] = "lupinprint";
   char* argv[] = {name, nullptr};
@@ -144,7 +166,7 @@ const RegisterCommand kRegistration([](CLI::App& root) {
               "    lupinprint gui --db sqlite:demo.db --screenshot preview.png --report 54 --preview");
   cmd->add_option("--db", args->db_url, "接続先 (sqlite:PATH, postgresql://...); 省略時は LUPIN_DB か設定 ConnectString");
   cmd->add_option("--login", args->login, "ログイン: USER,NUMBER,CLIENT (CLIENT は CLIENT_NAME)");
-  cmd->add_option("--home", args->home, "コンポーネントのフォルダ (REPORT.INI, 画面の大きさ)");
+  AddHomeOption(*cmd, args->home);
   cmd->add_option("--settings", args->settings_dir, "設定ファイルのフォルダ (machine.ini, lupin.ini, fallback.ini)");
   cmd->add_option("--command", args->command, "コマンド文字列");
   cmd->add_option("--report", args->report, "帳票番号: この帳票を選んだ状態で開く");
@@ -155,7 +177,7 @@ const RegisterCommand kRegistration([](CLI::App& root) {
   cmd->add_option("--page", args->page, "--preview で描くページ");
   cmd->callback([args] {
     const int code = Run(*args);
-    if (code != 0) throw CLI::RuntimeError(code);
+    if (code != kExitDone) Exit(code);
   });
 });
 

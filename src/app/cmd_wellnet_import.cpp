@@ -1,9 +1,11 @@
 // lupinprint wellnet-import: the WellNet receipts file, read as the payment service sends it back,
 // so a shop sees which bills were paid and which lines were skipped.
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <string>
 
+#include "app/cli_support.h"
 #include "app/command_registry.h"
 #include "exchange/wellnet.h"
 #include "exchange/wellnet_report.h"
@@ -26,11 +28,14 @@ const RegisterCommand kRegistration([](CLI::App& root) {
     wellnet.fileName = args->file;
     // The skipped lines are listed with the rows instead of one box each.
     wellnet.DisplayMsg = false;
-    if (wellnet.InputFile() != 0) {
-      std::cerr << wellnet.ErrorMsg << '\n';
-      throw CLI::RuntimeError(1);
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(args->file, error)) {
+      Fail("収納データファイル '" + args->file + "' がありません。", kExitNotOpened);
     }
+    if (wellnet.InputFile() != 0) Fail(wellnet.ErrorMsg, kExitNotOpened);
     std::cout << exchange::FormatWellNetReceipts(wellnet, args->json);
+    // A nightly job tells "nothing paid today" from a failure.
+    if (wellnet.InputRowCount() == 0) Exit(kExitNothing);
   });
 });
 

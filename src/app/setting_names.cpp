@@ -14,7 +14,7 @@ constexpr int kHighestNumber = 34;
 // Keys the component reads by name; the file reports' paths among them.
 constexpr std::string_view kNamedKeys[] = {
     "ResouceMode", "ConnectString", "ICatsPath", "EHidenPath", "WellNetPath", "NPUriagePath", "NPSyukkaPath",
-    "ABUriagePath", "ABSyukkaPath", "YupackPath", "AmazonSyukkaPath", "AmazonShop", "TaxCheckDate",
+    "ABUriagePath", "ABSyukkaPath", "YupackPath", "AmazonSyukkaPath", "AmazonShop", "TaxCheckDate", "WellNetKigenDays",
 };
 
 bool SameNoCase(std::string_view a, std::string_view b) {

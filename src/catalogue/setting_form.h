@@ -67,7 +67,6 @@ class SettingForm {
   entry::Ui& ui_;
   PrinterCapabilities& printers_;
   std::string report_name_;
-  bool printer_unreadable_shown_ = false;
 };
 
 }  // namespace lupin::catalogue

@@ -10,6 +10,7 @@
 #include "common/vb.h"
 #include "exchange/csv_line.h"
 #include "exchange/field_text.h"
+#include "money/payment_limit.h"
 
 namespace lupin::exchange {
 namespace {
@@ -17,11 +18,9 @@ namespace {
 constexpr std::string_view kHead =
     "\"顧客コード\",\"郵便番号\",\"住所\",\"氏名\",\"支払期限\",\"金額\",\"識別ID\",\"通信欄\",\"備考欄\"";
 
-std::string PaymentLimit(std::string_view bill_date, int days) {
-  if (days == 0 || days == 99) return {};
-  const auto date = vb::CDate(TrimBlanks(bill_date));
-  if (!date) return {};
-  return vb::FormatDate(vb::DateAdd("d", days, *date), "yyyymmdd");
+std::string PaymentLimitText(std::string_view bill_date, int days) {
+  const auto limit = money::PaymentLimit(bill_date, days);
+  return limit ? vb::FormatDate(*limit, "yyyymmdd") : std::string();
 }
 
 std::int32_t LongOf(std::string_view text) { return vb::CLng(vb::Val(text)); }
@@ -64,7 +63,7 @@ int clsWellNet::OutputFile() {
           .Add(vb::Format(vb::Val(RemoveAll(rs["請求先郵便番号"].Text(), "-")), "0000000000"))
           .Add(text::CharLeft(ReplaceCrLf(rs["請求先住所"].Text(), ""), 60))
           .Add(text::CharLeft(company.empty() ? rs["請求先氏名"].Text() : company, 30))
-          .Add(PaymentLimit(rs["請求日"].Text(), KigenDays))
+          .Add(PaymentLimitText(rs["請求日"].Text(), KigenDays))
           .Add(vb::Format(rs["請求額"].Number(), "0"))
           .Empty(3)
           .End();
@@ -124,7 +123,7 @@ FileResult WellNetWriter::Write(entry::Context& context, entry::Ui& ui, const co
     return {440, e.what()};
   }
   wellnet.fileName = path;
-  wellnet.KigenDays = static_cast<int>(vb::Val(context.settings.GetSetting(0, "0", "WellNetKigenDays")));
+  wellnet.KigenDays = money::WellNetKigenDays(context.settings);
   wellnet.ui = &ui;
   for (int row = 1; row <= grid.MaxRows(); ++row)
     if (grid.Text(row, 1) == "1") wellnet.id.push_back(static_cast<std::int64_t>(vb::Val(grid.Text(row, 2))));

@@ -350,7 +350,10 @@ std::string CheckFileReportTarget(const entry::Context& ctx, std::int32_t report
 // settings, the ledger or waybill numbers; --print sends its pages out all the same.
 int RequestForMaterial(entry::Context& ctx, StreamUi& ui, const SelectForm& form, PrintForm& print,
                        PreviewRunner& runner, const PreviewOutputs& outputs, Progress& progress, std::ostream& err) {
-  print.cmdSiryo();
+  const PrintOutcome staged = print.cmdSiryo();
+  if (staged == PrintOutcome::NothingChecked) return kExitNothing;
+  if (staged != PrintOutcome::Preview) return kExitStopped;
+  err << "WK_PRINT に " << print.staged_rows << " 件を登録しました。\n";
   PreviewForm preview(ctx, ui, form, runner, print.Siryo);
   const bool shown = preview.S_DisplayReport();
   progress.Finish();

@@ -5,6 +5,7 @@
 #include "reports/documents/picking.h"
 #include "reports/documents/sales_summary.h"
 #include "reports/documents/seikyu.h"
+#include "reports/documents/wellnet_request.h"
 #include "reports/documents/yubin_furikae.h"
 #include "reports/slips/slip_registration.h"
 #include "run/preview_runner_engine.h"
@@ -24,6 +25,7 @@ engine::ReportRegistry ReportObjects() {
     reports::RegisterSalesSummaryReport(registry);
     reports::RegisterAddressLabelReports(registry);
     reports::RegisterPickingReports(registry);
+    reports::RegisterWellNetReport(registry);
     const auto measurer = reports::SlipMeasurer();
     reports::RegisterYamatoReports(registry, measurer);
     reports::RegisterSagawaReports(registry, measurer);

@@ -200,9 +200,10 @@ PrintOutcome PrintForm::cmdPrint() {
   return StageAndPreview();
 }
 
-void PrintForm::cmdSiryo() {
+PrintOutcome PrintForm::cmdSiryo() {
   Siryo = true;
-  ui_.ShowModal("frmPreview");
+  staged_rows = 0;
+  return StageAndPreview();
 }
 
 PrintOutcome PrintForm::StageAndPreview() {

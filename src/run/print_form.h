@@ -59,8 +59,9 @@ class PrintForm {
   void cmdAllSelect();
   void cmdAllEject();
   PrintOutcome cmdPrint();
-  // Report 92's printed request-for-material run.
-  void cmdSiryo();
+  // Report 92's printed request-for-material run: the checked orders go to WK_PRINT, which
+  // rptWellNet reads, and the preview follows; nothing is booked.
+  PrintOutcome cmdSiryo();
   // The start of the file dialog of cmdPath, and the confirmed choice.
   FileReportTarget cmdPath_Start() const;
   void cmdPath_Confirm(std::string_view path);
@@ -79,7 +80,7 @@ class PrintForm {
 
   bool Siryo = false;
   bool unloaded = false;
-  int staged_rows = 0;  // rows written to WK_PRINT by the last cmdPrint
+  int staged_rows = 0;  // rows written to WK_PRINT by the last cmdPrint or cmdSiryo
 
   common::Grid sprList{0, kListColumns};
   common::Grid sprCustomer{0, kCustomerColumns};

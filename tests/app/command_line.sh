@@ -79,6 +79,21 @@ expect 64 "--db は必須です。" "the parser's missing option"
 run run --db "sqlite:$work/none.db" --report 25
 expect 2 "データベースのファイル '$work/none.db' がありません。" "a sqlite file that does not exist"
 [ ! -e "$work/none.db" ] || fail "a missing database file was created"
+# The desktop and the WellNet import refuse the same way.
+run gui $D --login a,b,c,d --screenshot shot.png
+expect 64 "--login の値 'a,b,c,d' は使えません。" "gui login"
+run gui $D --screenshot shot.png --window frmNone
+expect 64 "次のいずれかです: frmSelect" "gui window with the list"
+run gui $D --screenshot shot.png --report 999
+expect 64 "--report の値 999 は帳票の一覧にありません" "gui report with the list"
+run gui --db "sqlite:$work/none.db" --screenshot shot.png
+expect 2 "データベースのファイル '$work/none.db' がありません。" "gui without its database"
+[ ! -e shot.png ] || fail "a refused gui run drew its screenshot"
+run wellnet-import "$work/no-receipts.csv"
+expect 2 "'$work/no-receipts.csv' がありません。" "a receipts file that does not exist"
+printf '"顧客コード","ID"\r\n"1","0000000001","100-0001","東京都","山田","0","1000","0"\r\n' > receipts.csv
+run wellnet-import receipts.csv
+[ "$code" = 3 ] || fail "a receipts file without a paid row: exit code $code ($out $err)"
 
 # An empty list: exit code 3, and for a script {"rows": []}.
 run run $D --report 25 --date 2030/01/01 --json

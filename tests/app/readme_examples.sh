@@ -29,6 +29,8 @@ bash -euo pipefail "$script" > "$work/out.log" 2>&1 || { cat "$work/out.log" >&2
 [ -s slips.pdf ] && [ -s reprint.pdf ] && [ -s picking-2026-09.pdf ] || fail "a PDF of the examples is missing"
 [ -s picking-pages/page-0001.png ] || fail "page images"
 [ -s ehiden.csv ] || fail "the export"
+for f in notes shipments items monthly labels; do [ -s "$f.pdf" ] || fail "the document $f.pdf"; done
+for f in b2 wellnet np; do [ -s "$f.csv" ] || fail "the file $f.csv"; done
 grep -q "出力しました: ehiden.csv" "$work/out.log" || fail "the export did not say where it wrote"
 grep -q '"rows": \[\]' "$work/out.log" || fail "the list after printing should be empty"
 grep -Eq "印刷しました|今日の伝票はありません" "$work/out.log" || fail "the nightly job"

@@ -1,18 +1,15 @@
 // Calibration offsets: stored per printer and report, parsed strictly, and applied to every item.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <random>
-
 #include "catalogue/calibration.h"
+#include "support/temp_files.h"
 
 namespace lupin::catalogue {
 namespace {
 
 TEST(Calibration, OffsetsAreKeptPerPrinterAndReport) {
-  const auto home = std::filesystem::temp_directory_path() / ("lupin_cal_" + std::to_string(std::random_device{}()));
-  std::filesystem::create_directories(home);
-  const CalibrationStore store(home);
+  const lupin::testing::TempFolder home("lupin_cal_");
+  const CalibrationStore store(home.Path());
   EXPECT_EQ(store.Get("LaserA", 25), CalibrationOffset{});
   ASSERT_TRUE(store.Set("LaserA", 25, {15, -5}));
   ASSERT_TRUE(store.Set("LaserA", 18, {0, 3}));
@@ -20,7 +17,6 @@ TEST(Calibration, OffsetsAreKeptPerPrinterAndReport) {
   EXPECT_EQ(store.Get("laserA", 18), (CalibrationOffset{0, 3}));  // sections compare as the profile calls did
   EXPECT_EQ(store.Get("SlipB", 25), CalibrationOffset{});
   EXPECT_FALSE(store.Set("", 25, {1, 1}));
-  std::filesystem::remove_all(home);
 
   struct Row {
     const char* text;

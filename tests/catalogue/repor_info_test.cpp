@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "catalogue/repor_info.h"
@@ -14,10 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string ReadAll(const fs::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-}
+using lupin::testing::ReadBytes;
 
 class ReporInfoTest : public testing::ReportDbTest {
  protected:
@@ -69,7 +64,7 @@ TEST_P(ReporInfoTest, SavedSettingsComeBackOnTheNextRead) {
   writer.MarginTop(-30);
   writer.Orientation(2);
   ASSERT_TRUE(writer.SetReportSetting("納品書"));
-  EXPECT_EQ(ReadAll(home_ / "REPORT.INI"),
+  EXPECT_EQ(ReadBytes(home_ / "REPORT.INI"),
             "[納品書]\nPAPER_TYPE=0\nDEVICE_NAME=Office\nPAPER_SIZE=9\nPAPER_BIN=0\nMARGIN_LEFT=0\n"
             "MARGIN_TOP=-30\nORIENTATION=2\n");
   clsReporInfo reader(home_);

@@ -1,13 +1,12 @@
 #pragma once
 // A fresh database with the schema, a component directory in a temporary folder, and a context.
 #include <filesystem>
-#include <fstream>
 #include <memory>
-#include <random>
 #include <string>
 
 #include "entry/context.h"
 #include "entry/schema.h"
+#include "support/temp_files.h"
 #include "support/test_databases.h"
 
 namespace lupin::catalogue::testing {
@@ -17,17 +16,13 @@ class ReportDbTest : public lupin::testing::EngineTest {
   void SetUp() override {
     EngineTest::SetUp();
     entry::CreateSchema(Db());
-    home_ = std::filesystem::temp_directory_path() / ("lupin_catalogue_" + std::to_string(std::random_device{}()));
-    std::filesystem::create_directories(home_);
     context_ = std::make_unique<entry::Context>(&Db(), settings::StorePaths::InFolder(home_), home_);
   }
-  void TearDown() override { std::filesystem::remove_all(home_); }
 
-  void PutReportIni(const std::string& content) {
-    std::ofstream(home_ / "REPORT.INI", std::ios::binary) << content;
-  }
+  void PutReportIni(const std::string& content) { lupin::testing::WriteBytes(home_ / "REPORT.INI", content); }
 
-  std::filesystem::path home_;
+  lupin::testing::TempFolder folder_{"lupin_catalogue_"};
+  const std::filesystem::path home_ = folder_.Path();
   std::unique_ptr<entry::Context> context_;
 };
 

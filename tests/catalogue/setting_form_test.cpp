@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <map>
-#include <random>
 
 #include "catalogue/calibration.h"
 #include "catalogue/printer_capabilities.h"
@@ -12,6 +10,7 @@
 #include "common/settings.h"
 #include "demo/demo_data.h"
 #include "entry/schema.h"
+#include "support/temp_files.h"
 #include "support/test_databases.h"
 
 namespace lupin::catalogue {
@@ -57,16 +56,13 @@ class SettingFormTest : public ::testing::Test {
     demo::FillCatalogue(*db_);
     db_->Execute("UPDATE [REPORT] SET [FLD_LBL1] = 'お客様コード', [FLD_LBL2] = '', [FLD_LBL3] = '備考' "
                  "WHERE [REPORT_NO] = 25");
-    home_ = std::filesystem::temp_directory_path() / ("lupin_setting_" + std::to_string(std::random_device{}()));
-    std::filesystem::create_directories(home_);
     context_ = std::make_unique<entry::Context>(db_.get(), settings::StorePaths::InFolder(home_), home_);
     form_ = std::make_unique<SettingForm>(*context_, ui_, printers_);
     form_->S_SetReportSet(25);
   }
-  void TearDown() override { std::filesystem::remove_all(home_); }
-
   std::unique_ptr<db::Connection> db_;
-  std::filesystem::path home_;
+  lupin::testing::TempFolder folder_{"lupin_setting_"};
+  const std::filesystem::path home_ = folder_.Path();
   std::unique_ptr<entry::Context> context_;
   entry::RecordingUi ui_;
   FakePrinters printers_;

@@ -4,9 +4,9 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
+
+#include "support/temp_files.h"
 
 namespace lupin::common::testing {
 
@@ -23,13 +23,8 @@ class FolderTest : public ::testing::Test {
     std::filesystem::remove_all(folder_);
     std::filesystem::create_directories(folder_);
   }
-  static void Put(const std::filesystem::path& file, const std::string& content) {
-    std::ofstream(file, std::ios::binary) << content;
-  }
-  static std::string Get(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  }
+  static void Put(const std::filesystem::path& file, const std::string& content) { lupin::testing::WriteBytes(file, content); }
+  static std::string Get(const std::filesystem::path& file) { return lupin::testing::ReadBytes(file); }
 
   std::filesystem::path folder_;
 };

@@ -66,23 +66,6 @@ TEST(DesignerLoad, NumberedRunsAreDeclaredOnce) {
   EXPECT_EQ(controls[2].Left, 40);
 }
 
-TEST(DesignerLoad, AVariantListsOnlyWhatDiffersFromItsBase) {
-  // The invoice delivery note extends the plain one.
-  const ReportLayout base = LoadDesigner("rptNouhin");
-  const ReportLayout variant = LoadDesigner("rptNouhinInvoice");
-  EXPECT_EQ(variant.name, "rptNouhinInvoice");
-  EXPECT_EQ(variant.printer.PaperSize, base.printer.PaperSize);
-  const Section& plain = base.sections.at(0);
-  const Section& invoice = variant.sections.at(0);
-  EXPECT_EQ(invoice.Height, plain.Height) << "a section keeps what the variant does not name";
-  EXPECT_EQ(invoice.Controls().Count(), plain.Controls().Count() + 4);
-  EXPECT_EQ(plain.Controls().Item("fldInvoiceNo"), nullptr);
-  ASSERT_NE(invoice.Controls().Item("fldInvoiceNo"), nullptr);
-  const Control* mark = invoice.Controls().Item("lblPageNo");
-  EXPECT_EQ(mark->Height, 240) << "a named control changes";
-  EXPECT_EQ(mark->Width, plain.Controls().Item("lblPageNo")->Width) << "and keeps the rest";
-}
-
 // A variant lists what differs from its base; a numbered run stands for its controls.
 TEST(DesignerLoad, VariantsAndNumberedRuns) {
   const ReportLayout layout = ParseDesigner("rptVariant.json", R"({"extends": "rptYamatoNew", "report": "rptVariant",

@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <cups/cups.h>
-
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 
@@ -19,12 +16,9 @@ namespace {
 class CupsServer : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
-    const std::string output = test::RunCommand(std::string(LUPIN_SOURCE_DIR) + "/scripts/cups-test-server start").first;
-    const std::string marker = "export CUPS_SERVER=";
-    const auto at = output.find(marker);
-    ASSERT_NE(at, std::string::npos) << output;
-    server_ = output.substr(at + marker.size());
-    server_ = server_.substr(0, server_.find('\n'));
+    std::string why;
+    server_ = lupin::testing::StartCupsServer(why);
+    ASSERT_NE(server_, "") << why;
     pdf_ = (std::filesystem::temp_directory_path() / "lupin_print_job.pdf").string();
     PdfRenderer renderer(pdf_);
     renderer.Begin({"rptNouhin", "納品書"});
@@ -34,10 +28,7 @@ class CupsServer : public ::testing::Test {
     renderer.End();
   }
   void SetUp() override { UseServer(server_); }
-  static void UseServer(const std::string& server) {
-    setenv("CUPS_SERVER", server.c_str(), 1);
-    cupsSetServer(server.c_str());
-  }
+  static void UseServer(const std::string& server) { lupin::testing::UseCupsServer(server); }
   static inline std::string server_;
   static inline std::string pdf_;
 };

@@ -17,14 +17,8 @@ using test::RunCommand;
 
 class PdfOutput : public ::testing::Test {
  protected:
-  void SetUp() override {
-    path_ = (std::filesystem::temp_directory_path() /
-             ("lupin_render_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()) + ".pdf"))
-                .string();
-    std::filesystem::remove(path_);
-  }
-  void TearDown() override { std::filesystem::remove(path_); }
-  std::string path_;
+  const lupin::testing::TempFolder folder_{"lupin_render_"};
+  const std::string path_ = (folder_.Path() / "out.pdf").string();
 };
 
 // One document: a first page of Japanese text in several faces with a customer barcode that cannot
@@ -61,19 +55,19 @@ TEST_F(PdfOutput, ValidFileWithJapaneseTextPageSizesAndEachFontEmbeddedOnce) {
   ASSERT_EQ(renderer.Problems().size(), 1u);
   EXPECT_EQ(renderer.Problems()[0].rfind("BarCode1: バーコードを作成できません", 0), 0u) << renderer.Problems()[0];
 
-  auto [check, check_status] = RunCommand("qpdf --check '" + path_ + "'");
-  EXPECT_EQ(check_status, 0) << check;
-  auto [text, text_status] = RunCommand("pdftotext -l 1 -layout '" + path_ + "' -");
+  const auto check = RunCommand("qpdf --check '" + path_ + "'");
+  EXPECT_EQ(check.status, 0) << check.output;
+  const auto [text_status, text] = RunCommand("pdftotext -l 1 -layout '" + path_ + "' -");
   ASSERT_EQ(text_status, 0) << text;
   for (const auto& [font, expected] : texts) EXPECT_NE(text.find(expected), std::string::npos) << font << ": " << expected << "\n" << text;
-  auto [info, status] = RunCommand("pdfinfo -f 2 -l 4 '" + path_ + "'");
+  const std::string info = RunCommand("pdfinfo -f 2 -l 4 '" + path_ + "'").output;
   for (int i = 0; i < 3; ++i) {
     const std::string line = "Page    " + std::to_string(i + 2) + " size:  " + sizes[i].points;
     EXPECT_NE(info.find(line), std::string::npos) << line << "\n" << info;
   }
   // pdffonts lists a face once per embedding; Latin letters go to a separate simple font.
   for (const char* face : {"IPAMincho", "IPAPGothic"})
-    EXPECT_EQ(RunCommand("pdffonts '" + path_ + "' | grep CID | grep -c " + face).first, "1\n") << face;
+    EXPECT_EQ(RunCommand("pdffonts '" + path_ + "' | grep CID | grep -c " + face).output, "1\n") << face;
 }
 
 // The writer thread makes the same cairo calls in the same order: the file is the same, byte for
@@ -95,12 +89,11 @@ TEST_F(PdfOutput, TwoThreadsWriteTheFileOneThreadWrites) {
       renderer.AddPage(page);
     }
     renderer.End();
-    std::string bytes = RunCommand("grep -av CreationDate '" + path + "'").first;
+    std::string bytes = RunCommand("grep -av CreationDate '" + path + "'").output;
     return std::make_pair(bytes, renderer.Problems().size());
   };
   const auto one = render(path_, 1);
   const auto two = render(path_ + "2", 2);
-  std::filesystem::remove(path_ + "2");
   EXPECT_GT(one.first.size(), 10000u);
   EXPECT_TRUE(one.first == two.first) << "the two files differ";
   EXPECT_EQ(one.second, 17u) << "every seventh page's bar code cannot be drawn";

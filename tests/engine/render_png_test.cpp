@@ -104,15 +104,14 @@ TEST(PngItems, AlignmentWrappingAndClipping) {
 }
 
 TEST(PngRenderer, WritesOneNumberedFilePerPage) {
-  const auto folder = std::filesystem::temp_directory_path() / "lupin_png_pages";
-  std::filesystem::remove_all(folder);
+  const lupin::testing::TempFolder temp("lupin_png_pages_");
+  const auto folder = temp.Path() / "pages";
   PngRenderer renderer(folder.string(), 50);
   renderer.Begin({"rptNouhin", "納品書"});
   for (int n = 1; n <= 3; ++n) renderer.AddPage(A4Page(n));
   renderer.End();
   EXPECT_EQ(renderer.Files().size(), 3u);
   EXPECT_TRUE(std::filesystem::exists(folder / "page-0003.png"));
-  std::filesystem::remove_all(folder);
 }
 
 }  // namespace

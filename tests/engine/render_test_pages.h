@@ -4,17 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
-#include <cstdio>
 #include <string>
-#include <utility>
 #include <vector>
-
-#include <sys/wait.h>
 
 #include "engine/page_model.h"
 #include "engine/render_png.h"
+#include "support/temp_files.h"
 
 namespace lupin::engine::test {
 
@@ -76,15 +72,6 @@ inline RasterImage Render(const Page& page, double dpi) {
   return image;
 }
 
-// Runs a command and gives its standard output and exit status.
-inline std::pair<std::string, int> RunCommand(const std::string& command) {
-  std::string out;
-  FILE* pipe = popen((command + " 2>&1").c_str(), "r");
-  if (pipe == nullptr) return {"", -1};
-  std::array<char, 4096> buffer{};
-  while (std::size_t n = fread(buffer.data(), 1, buffer.size(), pipe)) out.append(buffer.data(), n);
-  const int status = pclose(pipe);
-  return {out, WEXITSTATUS(status)};
-}
+using lupin::testing::RunCommand;
 
 }  // namespace lupin::engine::test

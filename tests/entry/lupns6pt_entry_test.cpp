@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "entry/lupns6pt.h"
+#include "support/temp_files.h"
 
 namespace lupin::entry {
 namespace {
@@ -35,18 +36,13 @@ class CountingLogin : public LoginInfoSource {
 
 class EntryObjectTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    folder_ = fs::temp_directory_path() /
-              ("lupin_entry_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-    fs::remove_all(folder_);
-    fs::create_directories(folder_ / "home");
-  }
-  void TearDown() override { fs::remove_all(folder_); }
+  void SetUp() override { fs::create_directories(folder_ / "home"); }
   Lupns6pt Make() { return Lupns6pt(settings::StorePaths::InFolder(folder_), folder_ / "home"); }
   void PutItemName(const std::string& content) {
-    std::ofstream(folder_ / "home" / "hinmei.txt", std::ios::binary) << content;
+    lupin::testing::WriteBytes(folder_ / "home" / "hinmei.txt", content);
   }
-  fs::path folder_;
+  lupin::testing::TempFolder temp_{"lupin_entry_"};
+  const fs::path& folder_ = temp_.Path();
   RecordingRunner runner_;
 };
 

@@ -1,11 +1,9 @@
-// The export flow: a bad row ends the export with its code and message and leaves the old file;
-// path, empty selection, write and database failures.
+// The export flow of the three generations: the name caption, write and database failures. (A bad
+// row ends the export as it ends every writer's: the rows are in exchange_validation_test.cpp.)
 #include <gtest/gtest.h>
 
-#include "common/text.h"
 #include "exchange_fixture.h"
 #include "exchange/ehiden_export.h"
-#include "run/file_report_dispatch.h"
 #include "support/test_databases.h"
 
 namespace lupin::exchange {
@@ -13,53 +11,9 @@ namespace {
 
 using namespace lupin::exchange::testing;
 
-constexpr EhidenGeneration kGenerations[] = {EhidenGeneration::I, EhidenGeneration::II, EhidenGeneration::III};
 const std::string kOldFile = "old file\r\n";
 
 const Fields kGood = {{"住所", "東京都中央区銀座１－１"}, {"電話番号", "03-1111-1111"}, {"郵便番号", "104-0061"}};
-
-struct FailureCase {
-  const char* what;
-  Fields order;
-  std::string grid_name;
-  int code;
-  std::string message;
-};
-
-class EhidenRowFailure : public lupin::testing::EngineTest {};
-
-TEST_P(EhidenRowFailure, EndsTheExportAndKeepsTheOldFile) {
-  ExportEnv env(Db());
-  AddOrder(Db(), 201, kGood);
-  const FailureCase cases[] = {
-      {"gift address empty though the orderer has one",
-       {{"住所", "東京都"}, {"電話番号", "03"}, {"贈答先氏名", "佐藤"}, {"贈答先電話番号", "06"}}, "山田", 5,
-       "ID : 202 の住所が設定されていません。"},
-      {"name only full-width blanks", {{"住所", "東京都"}, {"電話番号", "03"}}, "　", 3,
-       "ID : 202 の氏名を入力して下さい。"},
-      {"telephone only a line break", {{"住所", "東京都"}, {"電話番号", "\r\n"}}, "山田", 5,
-       "ID : 202 の電話番号が設定されていません。"},
-      {"address is checked before the name", {{"電話番号", "03"}}, "", 5, "ID : 202 の住所が設定されていません。"},
-  };
-  for (const auto& c : cases) {
-    Db().Execute("DELETE FROM [CHUMON] WHERE [ID] = 202");
-    AddOrder(Db(), 202, c.order);
-    // The good order comes first, so its line was already built when the bad one stops the export.
-    const auto grid = MakeGrid({{true, 201, "", "鈴木", "", ""}, {true, 202, "", c.grid_name, "", ""}});
-    for (const auto generation : kGenerations) {
-      WriteBytes(env.Out(), kOldFile);
-      EhidenCsvWriter writer(generation);
-      EXPECT_EQ(writer.Export(env.context, env.ui, grid, env.Out()), c.code) << c.what;
-      EXPECT_EQ(writer.ErrorText(), c.message) << c.what;
-      EXPECT_EQ(ReadBytes(env.Out()), kOldFile) << c.what;
-      const auto result = writer.Write(env.context, env.ui, grid, env.Out());
-      EXPECT_EQ(result.code, c.code) << c.what;
-      EXPECT_EQ(result.message, c.message) << c.what;
-    }
-  }
-}
-
-LUPIN_INSTANTIATE_ENGINES(EhidenRowFailure);
 
 class EhidenExportFlow : public ::testing::Test {
  protected:
@@ -71,24 +25,6 @@ class EhidenExportFlow : public ::testing::Test {
   std::unique_ptr<db::Connection> db_;
   std::unique_ptr<ExportEnv> env_;
 };
-
-TEST_F(EhidenExportFlow, NothingToWriteLeavesTheOldFileExceptTheThirdGenerationsHeader) {
-  // Unchecked, and checked but gone: neither gives a line or a message.
-  const auto grid = MakeGrid({{false, 201, "", "鈴木", "", ""}, {true, 999, "", "無し", "", ""}});
-  for (const auto generation : kGenerations) {
-    WriteBytes(env_->Out(), kOldFile);
-    EhidenCsvWriter writer(generation);
-    EXPECT_EQ(writer.Export(env_->context, env_->ui, grid, env_->Out()), kExportDone);
-    const std::string bytes = ReadBytes(env_->Out());
-    if (generation == EhidenGeneration::III) {
-      EXPECT_TRUE(bytes.starts_with(text::ToCp932("\"お届け先コード取得区分\",").bytes));
-      EXPECT_TRUE(bytes.ends_with(text::ToCp932(",\"編集１０\"\r\n").bytes));
-      EXPECT_EQ(bytes.find("\r\n"), bytes.size() - 2);
-    } else {
-      EXPECT_EQ(bytes, kOldFile);
-    }
-  }
-}
 
 TEST_F(EhidenExportFlow, NameCaptionComesFromTheGridOrDefaultsToName) {
   AddOrder(*db_, 202, {{"住所", "東京都"}, {"電話番号", "03"}});
@@ -103,25 +39,21 @@ TEST_F(EhidenExportFlow, NameCaptionComesFromTheGridOrDefaultsToName) {
   }
 }
 
-TEST_F(EhidenExportFlow, PathAndWriteFailuresNameTheGeneration) {
+// The messages without a path are pinned with every writer's; an unwritable target names the generation.
+TEST_F(EhidenExportFlow, WriteFailuresNameTheGeneration) {
   const auto grid = MakeGrid({{true, 201, "", "鈴木", "", ""}});
-  const struct {
-    EhidenGeneration generation;
-    std::string no_path, not_written;
-  } cases[] = {
-      {EhidenGeneration::I, "ｅ飛伝データ出力先が設定されていません。", "ｅ飛伝データファイルに書込みできませんでした。"},
-      {EhidenGeneration::II, "ｅ飛伝Ⅱデータ出力先が設定されていません。", "ｅ飛伝Ⅱデータファイルに書込みできませんでした。"},
-      {EhidenGeneration::III, "ｅ飛伝Ⅲデータ出力先が設定されていません。", "ｅ飛伝Ⅲデータファイルに書込みできませんでした。"},
+  const std::pair<EhidenGeneration, std::string> cases[] = {
+      {EhidenGeneration::I, "ｅ飛伝データファイルに書込みできませんでした。"},
+      {EhidenGeneration::II, "ｅ飛伝Ⅱデータファイルに書込みできませんでした。"},
+      {EhidenGeneration::III, "ｅ飛伝Ⅲデータファイルに書込みできませんでした。"},
   };
-  for (const auto& c : cases) {
-    EhidenCsvWriter writer(c.generation);
-    EXPECT_EQ(writer.Export(env_->context, env_->ui, grid, ""), kExportNoPath);
-    EXPECT_EQ(writer.ErrorText(), c.no_path);
+  for (const auto& [generation, not_written] : cases) {
+    EhidenCsvWriter writer(generation);
     EXPECT_EQ(writer.Export(env_->context, env_->ui, grid, env_->dir.Path() / "no_such_folder" / "e.csv"), kExportNotWritten);
-    EXPECT_EQ(writer.ErrorText(), c.not_written);
+    EXPECT_EQ(writer.ErrorText(), not_written);
     // Success leaves the last text on the writer; Write's result carries none.
     EXPECT_EQ(writer.Export(env_->context, env_->ui, grid, env_->Out()), kExportDone);
-    EXPECT_EQ(writer.ErrorText(), c.not_written);
+    EXPECT_EQ(writer.ErrorText(), not_written);
     EXPECT_EQ(writer.Write(env_->context, env_->ui, grid, env_->Out()).message, "");
   }
 }
@@ -134,23 +66,6 @@ TEST_F(EhidenExportFlow, DatabaseErrorEndsTheExportWithItsDescription) {
   EXPECT_EQ(writer.Export(env_->context, env_->ui, grid, env_->Out()), kExportDataError);
   EXPECT_FALSE(writer.ErrorText().empty());
   EXPECT_EQ(ReadBytes(env_->Out()), kOldFile);
-}
-
-TEST(EhidenWriters, ReportNumbersChooseTheGeneration) {
-  const struct {
-    int report_no;
-    bool exists;
-    EhidenGeneration generation;
-  } cases[] = {{91, true, EhidenGeneration::I}, {96, true, EhidenGeneration::II}, {104, true, EhidenGeneration::III},
-               {90, false, {}}, {25, false, {}}};
-  for (const auto& c : cases) {
-    const auto writer = run::FileWriterFor(c.report_no);
-    auto* ehiden = dynamic_cast<EhidenCsvWriter*>(writer.get());
-    ASSERT_EQ(ehiden != nullptr, c.exists) << c.report_no;
-    if (c.exists) {
-      EXPECT_EQ(ehiden->Generation(), c.generation) << c.report_no;
-    }
-  }
 }
 
 }  // namespace

@@ -1,20 +1,22 @@
 #pragma once
 // Orders and shops with only the fields a case needs, a print list grid as the print run fills it,
 // and a context on a temporary component directory.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "common/grid.h"
 #include "common/sql.h"
+#include "common/text.h"
 #include "db/connection.h"
 #include "entry/context.h"
 #include "entry/schema.h"
 #include "entry/ui.h"
+#include "support/temp_files.h"
 
 namespace lupin::exchange::testing {
 
@@ -62,36 +64,43 @@ inline common::Grid MakeGrid(const std::vector<ListRow>& rows, const std::string
   return grid;
 }
 
-struct TempDir {
-  std::filesystem::path path = std::filesystem::temp_directory_path() /
-                               ("lupin_ehiden_" + std::to_string(std::random_device{}()));
-  TempDir() { std::filesystem::create_directories(path / "settings"); }
-  ~TempDir() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path, ignored);
-  }
-  TempDir(const TempDir&) = delete;
-  TempDir& operator=(const TempDir&) = delete;
-  const std::filesystem::path& Path() const { return path; }
-};
-
 struct ExportEnv {
   explicit ExportEnv(db::Connection& db)
       : context(&db, settings::StorePaths::InFolder(dir.Path() / "settings"), dir.Path()) {
     entry::CreateSchema(db);
   }
-  TempDir dir;
+  lupin::testing::TempFolder dir{"lupin_exchange_"};
   entry::Context context;
   entry::RecordingUi ui;
   std::filesystem::path Out() const { return dir.Path() / "ehiden_s.csv"; }
 };
 
-inline void WriteBytes(const std::filesystem::path& file, const std::string& bytes) {
-  std::ofstream(file, std::ios::binary) << bytes;
+using lupin::testing::ReadBytes;
+using lupin::testing::WriteBytes;
+
+inline std::string Rep(const std::string& piece, int times) {
+  std::string out;
+  for (int i = 0; i < times; ++i) out += piece;
+  return out;
 }
-inline std::string ReadBytes(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+
+// Compares a writer's bytes with the pinned file under tests/golden, or rewrites the file when
+// LUPIN_UPDATE_GOLDEN=1; every rewritten file is reviewed before it is committed.
+inline bool UpdatingGolden() {
+  const char* update = std::getenv("LUPIN_UPDATE_GOLDEN");
+  return update != nullptr && std::string(update) == "1";
+}
+inline void ExpectGolden(const std::filesystem::path& relative, const std::string& actual) {
+  const auto path = std::filesystem::path(LUPIN_GOLDEN_DIR) / relative;
+  if (UpdatingGolden()) {
+    std::filesystem::create_directories(path.parent_path());
+    return WriteBytes(path, actual);
+  }
+  ASSERT_TRUE(std::filesystem::exists(path)) << path << " is missing; run once with LUPIN_UPDATE_GOLDEN=1";
+  const std::string expected = ReadBytes(path);
+  // The decoded comparison shows the differing lines; the byte comparison catches the rest.
+  EXPECT_EQ(text::FromCp932(actual), text::FromCp932(expected)) << relative;
+  EXPECT_TRUE(expected == actual) << relative;
 }
 
 // The orders behind the pinned files: gifts with and without the shop's ATENA flag, cash on delivery,

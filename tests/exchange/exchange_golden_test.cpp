@@ -3,9 +3,6 @@
 // every rewritten file before committing it.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
-#include "common/text.h"
 #include "exchange_fixture.h"
 #include "run/file_report_dispatch.h"
 #include "support/test_databases.h"
@@ -56,8 +53,7 @@ class ExchangeGolden : public lupin::testing::EngineTest {};
 TEST_P(ExchangeGolden, EveryWriterMatchesItsFile) {
   ExportEnv env(Db());
   const auto grid = MakeGrid(AddExchangeOrders(Db()));
-  const bool update = std::getenv("LUPIN_UPDATE_GOLDEN") && std::string(std::getenv("LUPIN_UPDATE_GOLDEN")) == "1";
-  if (GetParam() == db::Engine::Postgres && update) GTEST_SKIP() << "golden files are written from SQLite";
+  if (GetParam() == db::Engine::Postgres && UpdatingGolden()) GTEST_SKIP() << "golden files are written from SQLite";
   for (const auto& c : kGoldenCases) {
     ApplyExchangeSetup(env.context, c.setup_a);
     const auto out = env.dir.Path() / std::filesystem::path(c.file).filename();
@@ -65,17 +61,7 @@ TEST_P(ExchangeGolden, EveryWriterMatchesItsFile) {
     ASSERT_NE(writer, nullptr) << c.report_no;
     const auto result = writer->Write(env.context, env.ui, grid, out);
     ASSERT_EQ(result.code, 0) << c.file << ": " << result.message;
-    const std::string actual = ReadBytes(out);
-    const auto path = std::filesystem::path(LUPIN_GOLDEN_DIR) / c.file;
-    if (update) {
-      std::filesystem::create_directories(path.parent_path());
-      WriteBytes(path, actual);
-      continue;
-    }
-    ASSERT_TRUE(std::filesystem::exists(path)) << path << " is missing; run once with LUPIN_UPDATE_GOLDEN=1";
-    const std::string expected = ReadBytes(path);
-    EXPECT_EQ(text::FromCp932(actual), text::FromCp932(expected)) << c.file;
-    EXPECT_TRUE(expected == actual) << c.file;
+    ExpectGolden(c.file, ReadBytes(out));
   }
 }
 

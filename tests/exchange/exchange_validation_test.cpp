@@ -1,5 +1,5 @@
-// Each validation message of the Yamato and Amazon files, the path and nothing-to-write rules of
-// every writer: a failure names the order, and the old file stays as it was.
+// Each validation message of the Yamato, Amazon and e-飛伝 files, the path and nothing-to-write rules
+// of every writer: a failure names the order, and the old file stays as it was.
 #include <gtest/gtest.h>
 
 #include "common/text.h"
@@ -82,6 +82,15 @@ TEST_P(ExchangeRowFailure, EndsTheExportAndKeepsTheOldFile) {
       {101, "Amazon: carrier", {{"宅配業者", ""}}, good, 3, "ID : 502 の宅配業者を入力して下さい。"},
       {101, "Amazon: tracking of cash on delivery", {{"支払方法", "代引き"}, {"出荷伝票番号", "-"}}, good, 3,
        "ID : 502 の出荷伝票番号を入力して下さい。"},
+      // The three e-飛伝 generations share their checks; each case runs on another one.
+      {91, "e-飛伝: gift address empty though the orderer has one", {{"贈答先氏名", "佐藤"}, {"贈答先電話番号", "06"}},
+       good, 5, "ID : 502 の住所が設定されていません。"},
+      {96, "e-飛伝Ⅱ: name only full-width blanks", {}, with([](ListRow& r) { r.name = "　"; }), 3,
+       "ID : 502 の氏名を入力して下さい。"},
+      {104, "e-飛伝Ⅲ: telephone only a line break", {{"電話番号", "\r\n"}}, good, 5,
+       "ID : 502 の電話番号が設定されていません。"},
+      {91, "e-飛伝: address is checked before the name", {{"住所", ""}}, with([](ListRow& r) { r.name = ""; }), 5,
+       "ID : 502 の住所が設定されていません。"},
   };
   for (const auto& c : cases) {
     Db().Execute("DELETE FROM [CHUMON] WHERE [ID] = 502");
@@ -121,6 +130,9 @@ TEST_F(ExchangeFlow, NoPathMessagesAndWhatAnEmptySelectionLeaves) {
       {93, "ファイルを開く事が出来ません", true},             {94, "ファイルを開く事が出来ません", true},
       {98, "ファイルを開く事が出来ません", true},             {99, "ファイルを開く事が出来ません", true},
       {92, "出力先が設定されていません。", true},
+      // The three e-飛伝 generations by their numbers; the third writes its header line alone.
+      {91, "ｅ飛伝データ出力先が設定されていません。", false},  {96, "ｅ飛伝Ⅱデータ出力先が設定されていません。", false},
+      {104, "ｅ飛伝Ⅲデータ出力先が設定されていません。", true},
   };
   // Unchecked, and checked but gone.
   const auto grid = MakeGrid({{false, 501, "", "鈴木", "1", "0", "2024/04/10"}, {true, 999, "", "無し"}});

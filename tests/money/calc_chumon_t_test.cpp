@@ -4,7 +4,6 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -12,6 +11,7 @@
 #include "entry/context.h"
 #include "money/calc_chumon_t.h"
 #include "money/errors.h"
+#include "support/temp_files.h"
 #include "support/test_databases.h"
 #include "tax_fixture.h"
 
@@ -37,9 +37,7 @@ class CalcChumonTTest : public lupin::testing::EngineTest {
   void SetUp() override {
     EngineTest::SetUp();
     fixture::CreateSchemaWithTax(Db(), fixture::StandardRates());
-    std::filesystem::create_directories(folder_);
   }
-  void TearDown() override { std::filesystem::remove_all(folder_); }
   // A settings store of the test's own, so that a saved TaxCheckDate stays in its test.
   settings::Settings Stores() { return settings::Settings(settings::StorePaths::InFolder(folder_)); }
   clsCalcChumonT Run(const Order& order) {
@@ -53,8 +51,8 @@ class CalcChumonTTest : public lupin::testing::EngineTest {
   long ChumonTRows(std::int32_t id) {
     return Db().Open("SELECT [ID] FROM [CHUMON_T] WHERE [ID] = " + std::to_string(id)).RecordCount();
   }
-  const std::filesystem::path folder_ =
-      std::filesystem::temp_directory_path() / ("lupin_money_" + std::to_string(std::random_device{}()));
+  const lupin::testing::TempFolder temp_{"lupin_money_"};
+  const std::filesystem::path& folder_ = temp_.Path();
 };
 
 // 1005 normal and 501 reduced without tax, 324 reduced with tax, postage 600 without and fee 330

@@ -64,55 +64,40 @@ TEST_P(DenNoAssignTest, NothingIsNumberedWhenTheRunCannotComplete) {
 }
 
 // A report engine whose print dialog the user cancels.
-class CancelledPrint : public PreviewRunner {
- public:
-  bool Run(entry::Context&, std::string_view object) override {
-    ran = object;
-    return true;
-  }
-  int RecordCount() const override { return 2; }
-  bool Print() override {
-    ++prints;
-    return false;
-  }
-  std::string ran;
-  int prints = 0;
+struct CancelledPrint : testing::FakeRunner {
+  CancelledPrint() { records = 2, print_succeeds = false; }
 };
 
-TEST_P(DenNoAssignTest, LedgerAndNumbersSurviveACancelledPrint) {
+// The request for material runs another object over the same slips and books nothing.
+TEST_P(DenNoAssignTest, LedgerAndNumbersSurviveACancelledPrintExceptForTheRequestForMaterial) {
   testing::AddReport(Db(), {.no = 18, .name = "佐川宅配伝票"});
   Stage("PC01", {1, 2});
-  testing::TestContext env(&Db());
-  testing::ListUi ui;
-  SelectForm select(env.context, ui);
-  select.txtDenNo.text = "500";
-  select.chkReDenNo.value = 1;
-  env.context.current.report_no = 18;
-  CancelledPrint engine;
-  PreviewForm preview(env.context, ui, select, engine, false);
-  ASSERT_TRUE(preview.S_DisplayReport());
-  EXPECT_EQ(engine.ran, "rptSagawa");
-  EXPECT_EQ(preview.caption, "印刷プレビュー  [佐川宅配伝票]");
-  EXPECT_FALSE(preview.cmdPrint());
-  EXPECT_EQ(engine.prints, 1);
-  EXPECT_EQ(Count(Db(), "FROM [PRINTED] WHERE [REPORT_NO] = 18"), 2);
-  EXPECT_EQ(Numbers(), (std::vector<std::string>{"501", "512", "OLD3"}));
-}
-
-TEST_P(DenNoAssignTest, RequestForMaterialRunBooksNothing) {
-  Stage("PC01", {1});
-  testing::TestContext env(&Db());
-  testing::ListUi ui;
-  SelectForm select(env.context, ui);
-  select.txtDenNo.text = "500";
-  env.context.current.report_no = 18;
-  CancelledPrint engine;
-  PreviewForm preview(env.context, ui, select, engine, true);
-  ASSERT_TRUE(preview.S_DisplayReport());
-  EXPECT_EQ(engine.ran, "rptWellNet");
-  preview.cmdPrint();
-  EXPECT_EQ(Count(Db(), "FROM [PRINTED]"), 0);
-  EXPECT_EQ(Numbers()[0], "OLD1");
+  const struct {
+    bool wellnet;
+    const char* object;
+    long booked;
+    std::vector<std::string> numbers;
+  } cases[] = {{true, "rptWellNet", 0, {"OLD1", "OLD2", "OLD3"}}, {false, "rptSagawa", 2, {"501", "512", "OLD3"}}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.object);
+    testing::TestContext env(&Db());
+    testing::ListUi ui;
+    SelectForm select(env.context, ui);
+    select.txtDenNo.text = "500";
+    select.chkReDenNo.value = 1;
+    env.context.current.report_no = 18;
+    CancelledPrint engine;
+    PreviewForm preview(env.context, ui, select, engine, c.wellnet);
+    ASSERT_TRUE(preview.S_DisplayReport());
+    EXPECT_EQ(engine.ran, c.object);
+    EXPECT_FALSE(preview.cmdPrint());
+    EXPECT_EQ(Count(Db(), "FROM [PRINTED] WHERE [REPORT_NO] = 18"), c.booked);
+    EXPECT_EQ(Numbers(), c.numbers);
+    if (!c.wellnet) {
+      EXPECT_EQ(engine.prints, 1);
+      EXPECT_EQ(preview.caption, "印刷プレビュー  [佐川宅配伝票]");
+    }
+  }
 }
 
 TEST_P(DenNoAssignTest, NumbersWithoutObjectGetTheMessageButMailTextsStaySilent) {

@@ -7,11 +7,7 @@
 #include <sstream>
 
 #include "common/text.h"
-#include "run/headless_run.h"
 #include "run/preview_fixture.h"
-#include "run/run_db_support.h"
-#include "run/run_test_support.h"
-#include "support/test_databases.h"
 
 namespace lupin::run {
 namespace {
@@ -31,12 +27,7 @@ class HeadlessRunTest : public lupin::testing::EngineTest {
     AddOrder(Db(), {.id = 2, .name = "ｂ株式会社", .carrier = "佐川急便", .shipped = "2024/04/11"});
     AddOrder(Db(), {.id = 3, .name = "c", .carrier = "ヤマト運輸", .shipped = "2024/04/11"});
     AddOrder(Db(), {.id = 4, .name = "d", .carrier = "佐川急便", .shipped = "2024/05/01"});
-    options.db_url = lupin::testing::UrlOf(Db());
-    options.home = folder.Path().string();
-    options.settings_dir = (folder.Path() / "settings").string();
-    options.client_name = "PC01";
-    options.report = 18;
-    options.quiet = true;
+    options = testing::QuietRun(Db(), folder, 18);
   }
   int Run() {
     out.str("");
@@ -61,7 +52,7 @@ TEST_P(HeadlessRunTest, SettingsOfTheRunLeaveTheStoresAlone) {
   ASSERT_EQ(Run(), kExitDone);
   EXPECT_EQ(out.str().find("DESC"), std::string::npos) << "the setting was for the first run only";
   EXPECT_FALSE(std::filesystem::exists(folder.Path() / "settings" / "lupin.ini") &&
-               testing::ReadAll(folder.Path() / "settings" / "lupin.ini").find("DESC") != std::string::npos);
+               testing::ReadBytes(folder.Path() / "settings" / "lupin.ini").find("DESC") != std::string::npos);
 }
 
 TEST_P(HeadlessRunTest, RefusalsNameTheOptionTheValueAndWhatIsExpected) {
@@ -82,7 +73,6 @@ TEST_P(HeadlessRunTest, RefusalsNameTheOptionTheValueAndWhatIsExpected) {
       {"report", [](RunOptions& o) { o.report = 77; }, kExitUsage, "18 (佐川宅配伝票)"},
       {"letters for a waybill", [](RunOptions& o) { o.denno = "abc"; }, kExitUsage,
        "--denno の値 'abc' は佐川急便の伝票番号ではありません。12 桁の数字"},
-      {"eleven digits", [](RunOptions& o) { o.denno = "1234-5678-901"; }, kExitUsage, "12 桁の数字"},
       {"empty list", [](RunOptions& o) { o.date = Range{"2030/01/01", "2030/01/31"}; }, kExitNothing,
        "該当するデータがありません。"},
       {"no database file", [](RunOptions& o) { o.db_url = "sqlite:/nonexistent/shop.db"; }, kExitNotOpened,
@@ -101,25 +91,19 @@ TEST_P(HeadlessRunTest, RefusalsNameTheOptionTheValueAndWhatIsExpected) {
   EXPECT_EQ(Count(Db(), "FROM [PRINTED]"), 0);
 }
 
-// The report engine without the report objects of some numbers.
-class EngineWithout : public PreviewRunner {
- public:
-  bool Run(entry::Context&, std::string_view) override { return ++runs, true; }
-  int RecordCount() const override { return 0; }
-  bool Print() override { return false; }
-  bool Has(std::string_view) const override { return false; }
-  int runs = 0;
-};
-
 TEST_P(HeadlessRunTest, NoBookkeepingForAReportWithoutPages) {
   Db().Execute("UPDATE [CHUMON] SET [出荷伝票番号] = 'old'");
   options.date = Range{"2024/04/01", "2024/04/30"};
   options.denno = "1234-5678-9013";
   const std::string pdf = (folder.Path() / "slips.pdf").string();
-  for (const PreviewOutputs& outputs : {PreviewOutputs{.print = true, .print_pdf = pdf}, PreviewOutputs{}}) {
+  // Printed, previewed, or only booked: without pages nothing happens.
+  const std::pair<PreviewOutputs, bool> runs[] = {
+      {{.print = true, .print_pdf = pdf}, false}, {{.pdf = pdf}, false}, {{}, true}};
+  for (const auto& [outputs, book] : runs) {
     options.outputs = outputs;
-    options.book = !outputs.print;
-    EngineWithout engine;
+    options.book = book;
+    testing::FakeRunner engine;
+    engine.has_objects = false;
     err.str("");
     EXPECT_EQ(RunHeadless(options, out, err, &engine), kExitStopped);
     EXPECT_EQ(engine.runs, 0);
@@ -165,26 +149,12 @@ TEST_P(HeadlessRunTest, ListIsATableByDisplayWidthWithItsCriteriaOrJsonWithNamed
   EXPECT_EQ(nlohmann::json::parse(out.str())["rows"], nlohmann::json::array());
 }
 
-// A runner that shows which object ran and counts the prints.
-class RecordingRunner : public PreviewRunner {
- public:
-  bool Run(entry::Context&, std::string_view object) override {
-    ran = object;
-    return true;
-  }
-  int RecordCount() const override { return 1; }
-  bool Print() override { return ++prints, true; }
-  int Pages() const override { return 1; }
-  std::string ran;
-  int prints = 0;
-};
-
 TEST_P(HeadlessRunTest, PagesOfReport92AreTheRequestForMaterialAndBookNothing) {
   testing::AddReport(Db(), {.no = 92, .name = "WELLNETコンペイ君"});
   options.report = 92;
   options.outputs.print = true;
   options.outputs.print_pdf = (folder.Path() / "siryo.pdf").string();
-  RecordingRunner runner;
+  testing::FakeRunner runner;
   out.str("");
   err.str("");
   ASSERT_EQ(RunHeadless(options, out, err, &runner), 0) << err.str();
@@ -226,11 +196,15 @@ TEST_P(HeadlessWaybillRun, OutputsThatCannotBeWrittenOrPrintedBookNothing) {
   struct Case {
     const char* what;
     PreviewOutputs outputs;
-    const char* message;
+    std::string message;
   };
+  const std::string missing = (File("missing") / "out.pdf").string();
+  const std::string no_folder = "に書き込めません。フォルダ '" + File("missing").string() + "' がありません。";
   const Case cases[] = {
       {"unwritable folder", {.print = true, .print_pdf = (File("locked") / "slips.pdf").string()}, "に書き込む権限がありません。"},
-      {"missing folder", {.print = true, .print_pdf = (File("missing") / "slips.pdf").string()}, "がありません。"},
+      {"missing folder", {.print = true, .print_pdf = missing}, no_folder},
+      {"preview into a missing folder", {.pdf = missing}, no_folder},
+      {"dump into a missing folder", {.dump = missing}, no_folder},
       {"no such printer", {.print = true, .printer = "NoSuchQueue"}, "--print: "},
       {"no default printer", {.print = true}, "--print: "},
   };
@@ -263,6 +237,32 @@ TEST_P(HeadlessWaybillRun, PngRunWritesOnlyItsPagesAndClearsStaleTemporaries) {
   EXPECT_TRUE(std::filesystem::exists(File("pages.pdf.part-" + std::to_string(::getpid()) + "-77")));
   EXPECT_NE(err.str().find("出力しました: " + File("pages.pdf").string() + "\n"), std::string::npos) << err.str();
   EXPECT_NE(err.str().find("出力しました: " + (pages / "page-0005.png").string() + "\n"), std::string::npos);
+}
+
+// Issue 14: the request run of report 92 reached no report object and booked nothing by accident.
+TEST_P(HeadlessWaybillRun, TheRequestOfReport92ListsTheCheckedOrdersAndBooksNothing) {
+  const auto den_no_before = Column(Db(), "SELECT [出荷伝票番号] FROM [CHUMON] ORDER BY [ID]", "出荷伝票番号");
+  options.report = 92;
+  options.only = {"2", "4"};
+  options.book = true;
+  options.outputs.dump = File("request.json").string();
+  options.outputs.print = true;
+  options.outputs.print_pdf = File("request.pdf").string();
+  ASSERT_EQ(Run(), kExitDone) << err.str();
+  std::ifstream in(File("request.json"));
+  const auto dump = nlohmann::json::parse(in);
+  EXPECT_EQ(dump["report"], "rptWellNet");
+  std::vector<std::string> ids;
+  for (const auto& item : dump["pages"][0]["items"])
+    if (item["name"] == "fldID") ids.push_back(item["text"]);
+  EXPECT_EQ(ids, (std::vector<std::string>{"0000000002", "0000000004"}));
+  EXPECT_EQ(Count(Db(), "FROM [PRINTED]"), 0);
+  EXPECT_EQ(Column(Db(), "SELECT [出荷伝票番号] FROM [CHUMON] ORDER BY [ID]", "出荷伝票番号"), den_no_before);
+  EXPECT_FALSE(std::filesystem::exists(File("wellnet.csv"))) << "the request run writes no file";
+
+  options.only.clear();
+  options.uncheck = {"1", "2", "3", "4", "5"};
+  EXPECT_EQ(Run(), kExitNothing) << "nothing checked, nothing shown";
 }
 
 LUPIN_INSTANTIATE_ENGINES(HeadlessWaybillRun);

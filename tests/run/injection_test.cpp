@@ -5,9 +5,7 @@
 #include <functional>
 #include <sstream>
 
-#include "run/headless_run.h"
-#include "run/run_db_support.h"
-#include "run/run_test_support.h"
+#include "run/preview_fixture.h"
 #include "support/test_databases.h"
 
 namespace lupin::run {
@@ -77,13 +75,7 @@ TEST_P(InjectionTest, EveryCriterionKeepsHostileTextInsideItsLiteral) {
   const std::string before = Fingerprint();
   for (const Criterion& criterion : kCriteria) {
     for (const char* payload : kPayloads) {
-      RunOptions options;
-      options.db_url = lupin::testing::UrlOf(Db());
-      options.home = folder.Path().string();
-      options.settings_dir = (folder.Path() / "settings").string();
-      options.client_name = "PC01";
-      options.report = criterion.report;
-      options.quiet = true;
+      RunOptions options = testing::QuietRun(Db(), folder, criterion.report);
       options.clear_criteria = true;
       criterion.set(options, payload);
       std::ostringstream out, err;

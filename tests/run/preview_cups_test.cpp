@@ -1,7 +1,6 @@
 // The print command against the private CUPS server: the job reaches the queue of the report, or
 // the one named on the command line, with the report's paper, bin and orientation.
 #include "run/preview_fixture.h"
-#include "support/cups_jobs.h"
 
 namespace lupin::run {
 namespace {
@@ -12,12 +11,9 @@ using lupin::testing::ReadJob;
 class PreviewCups : public testing::PreviewRunTest {
  protected:
   static void SetUpTestSuite() {
-    const auto started = testing::RunCommand(std::string(LUPIN_SOURCE_DIR) + "/scripts/cups-test-server start");
-    const std::string marker = "export CUPS_SERVER=";
-    const auto at = started.output.find(marker);
-    ASSERT_NE(at, std::string::npos) << started.output;
-    server_ = started.output.substr(at + marker.size());
-    server_ = server_.substr(0, server_.find('\n'));
+    std::string why;
+    server_ = lupin::testing::StartCupsServer(why);
+    ASSERT_NE(server_, "") << why;
   }
   void SetUp() override {
     PreviewRunTest::SetUp();

@@ -3,14 +3,8 @@
 // what it wrote (qpdf, pdftotext, pdfinfo).
 #include <gtest/gtest.h>
 
-#include <cups/cups.h>
-#include <sys/wait.h>
-
-#include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string>
 
@@ -20,25 +14,13 @@
 #include "run/preview_runner_engine.h"
 #include "run/run_db_support.h"
 #include "run/run_test_support.h"
+#include "support/cups_jobs.h"
 #include "support/test_databases.h"
 
 namespace lupin::run::testing {
 
-struct CommandResult {
-  int status = -1;
-  std::string output;
-};
-
-inline CommandResult RunCommand(const std::string& command) {
-  CommandResult result;
-  FILE* pipe = popen((command + " 2>&1").c_str(), "r");
-  if (pipe == nullptr) return result;
-  std::array<char, 4096> buffer{};
-  while (fgets(buffer.data(), buffer.size(), pipe) != nullptr) result.output += buffer.data();
-  const int status = pclose(pipe);
-  result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  return result;
-}
+using lupin::testing::CommandResult;
+using lupin::testing::RunCommand;
 
 inline std::string Quoted(const std::filesystem::path& path) { return "'" + path.string() + "'"; }
 
@@ -53,12 +35,7 @@ inline std::string PdfInfo(const std::filesystem::path& pdf, const std::string& 
   return "";
 }
 
-inline std::string ReadAll(const std::filesystem::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
+using lupin::testing::ReadBytes;
 
 // Temporaries of an atomic write left in a folder.
 inline int PartFiles(const std::filesystem::path& folder) {
@@ -68,11 +45,7 @@ inline int PartFiles(const std::filesystem::path& folder) {
   return count;
 }
 
-// Points the CUPS client of this process at a server; the client keeps the first one it used.
-inline void UseCupsServer(const std::string& server) {
-  setenv("CUPS_SERVER", server.c_str(), 1);
-  cupsSetServer(server.c_str());
-}
+using lupin::testing::UseCupsServer;
 
 // The engine runner as the command line registers it, for the life of one test.
 class ScopedEngineRunner {
@@ -83,6 +56,18 @@ class ScopedEngineRunner {
   ScopedEngineRunner& operator=(const ScopedEngineRunner&) = delete;
 };
 
+// A quiet run of workstation PC01 on the database, with its home and settings in the folder.
+inline RunOptions QuietRun(const db::Connection& db, const TempFolder& folder, int report) {
+  RunOptions options;
+  options.db_url = lupin::testing::UrlOf(db);
+  options.home = folder.Path().string();
+  options.settings_dir = (folder.Path() / "settings").string();
+  options.client_name = "PC01";
+  options.report = report;
+  options.quiet = true;
+  return options;
+}
+
 // Demo orders 1 to 5 checked for workstation PC01, a report of the picking lists picked.
 class PreviewRunTest : public lupin::testing::EngineTest {
  protected:
@@ -91,15 +76,10 @@ class PreviewRunTest : public lupin::testing::EngineTest {
     entry::CreateSchema(Db());
     demo::FillCatalogue(Db());
     demo::FillDemoData(Db(), {.orders = 12, .seed = 5});
-    options.db_url = lupin::testing::UrlOf(Db());
-    options.home = folder.Path().string();
-    options.settings_dir = (folder.Path() / "settings").string();
+    options = QuietRun(Db(), folder, 54);
     options.login_user = "山田";
-    options.client_name = "PC01";
-    options.report = 54;
     options.clear_criteria = true;
     options.id = Range{"1", "5"};
-    options.quiet = true;
   }
   int Run() {
     out.str("");

@@ -11,11 +11,10 @@
 namespace lupin::run {
 namespace {
 
-using testing::Count;
 using testing::PartFiles;
 using testing::PdfInfo;
 using testing::Quoted;
-using testing::ReadAll;
+using testing::ReadBytes;
 using testing::RunCommand;
 
 class PreviewRun : public testing::PreviewRunTest {};
@@ -34,7 +33,7 @@ TEST_P(PreviewRun, PickingListBecomesAValidPdfAndPageImagesAndBooksNothing) {
   ASSERT_EQ(Run(), 0) << err.str();
   for (int page = 1; page <= 5; ++page) {
     const auto image = File("pages") / ("page-000" + std::to_string(page) + ".png");
-    EXPECT_EQ(ReadAll(image).substr(0, 4), "\x89PNG") << image;
+    EXPECT_EQ(ReadBytes(image).substr(0, 4), "\x89PNG") << image;
   }
   EXPECT_FALSE(std::filesystem::exists(File("pages") / "page-0006.png"));
   const auto check = RunCommand("qpdf --check " + Quoted(File("picking.pdf")));
@@ -57,7 +56,7 @@ TEST_P(PreviewRun, DumpIsWhatTheEngineLaysOutForTheObjectOfTheNumber) {
     options.report = c.report;
     options.outputs.dump = File("pages.json").string();
     ASSERT_EQ(Run(), 0) << err.str();
-    const auto written = nlohmann::json::parse(ReadAll(File("pages.json")));
+    const auto written = nlohmann::json::parse(ReadBytes(File("pages.json")));
 
     // The same object run straight on the engine, over the rows the run left staged.
     entry::Context context(&Db(), settings::StorePaths::InFolder(File("settings")), folder.Path());
@@ -76,36 +75,6 @@ TEST_P(PreviewRun, DumpIsWhatTheEngineLaysOutForTheObjectOfTheNumber) {
   }
 }
 
-TEST_P(PreviewRun, NumbersTheEngineCannotRunStopWithTheMessage) {
-  struct Case {
-    const char* what;
-    PreviewOutputs outputs;
-    bool book;
-    int code;
-    long ledger;
-  };
-  const Case cases[] = {
-      {"preview", {.pdf = "delivery.pdf"}, false, 1, 0},
-      {"print", {.print = true, .print_pdf = "delivery.pdf"}, false, 1, 0},
-      // Bookkeeping is for pages that were made: without them nothing is booked.
-      {"bookkeeping only", {}, true, 1, 0},
-  };
-  testing::AddReport(Db(), {.no = 100, .name = "未割当"});
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    Db().Execute("DELETE FROM [PRINTED]");
-    options.report = 100;  // a number the catalogue gives no report object
-    options.outputs = c.outputs;
-    if (!options.outputs.pdf.empty()) options.outputs.pdf = File(c.outputs.pdf).string();
-    if (!options.outputs.print_pdf.empty()) options.outputs.print_pdf = File(c.outputs.print_pdf).string();
-    options.book = c.book;
-    EXPECT_EQ(Run(), c.code) << err.str();
-    EXPECT_NE(err.str().find("帳票が登録されていません。"), std::string::npos) << err.str();
-    EXPECT_FALSE(std::filesystem::exists(File("delivery.pdf")));
-    EXPECT_EQ(Ledger(100), c.ledger);
-  }
-}
-
 TEST_P(PreviewRun, PrintToAFileBooksThenWritesTheSamePages) {
   options.outputs = {.pdf = File("preview.pdf").string(), .print = true, .print_pdf = File("printed.pdf").string()};
   ASSERT_EQ(Run(), 0) << err.str();
@@ -116,19 +85,6 @@ TEST_P(PreviewRun, PrintToAFileBooksThenWritesTheSamePages) {
             RunCommand("pdftotext " + Quoted(File("preview.pdf")) + " -").output)
       << "the print sends the pages of the preview, not a second run";
   EXPECT_EQ(PartFiles(folder.Path()), 0);
-}
-
-TEST_P(PreviewRun, AnOutputThatCouldNeverBeSavedStopsBeforeAnythingIsWritten) {
-  const std::string missing = (File("missing") / "out.pdf").string();
-  for (const PreviewOutputs& outputs : {PreviewOutputs{.pdf = missing}, PreviewOutputs{.dump = missing},
-                                        PreviewOutputs{.print = true, .print_pdf = missing}}) {
-    options.outputs = outputs;
-    EXPECT_EQ(Run(), 2);
-    EXPECT_NE(err.str().find("に書き込めません。フォルダ '" + File("missing").string() + "' がありません。"),
-              std::string::npos) << err.str();
-    EXPECT_EQ(Count(Db(), "FROM [WK_PRINT]"), 0);
-    EXPECT_EQ(Ledger(54), 0);
-  }
 }
 
 LUPIN_INSTANTIATE_ENGINES(PreviewRun);

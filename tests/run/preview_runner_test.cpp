@@ -12,7 +12,7 @@ namespace lupin::run {
 namespace {
 
 using testing::PartFiles;
-using testing::ReadAll;
+using testing::ReadBytes;
 
 // The picking list with a data source that breaks after two records, as a lost connection would.
 class BreakingPickingList : public reports::rptPickingSyuDate {
@@ -60,14 +60,14 @@ TEST_F(PreviewRunner, ARunThatBreaksKeepsTheOldFilesAndLeavesNoTemporaries) {
   EnginePreviewRunner broken(std::move(breaking), outputs);
   EXPECT_FALSE(broken.Run(context_, "rptPickingSyuDate"));
   EXPECT_EQ(broken.Message(), "帳票を作成できません: 接続が切れました");
-  EXPECT_EQ(ReadAll(File("list.pdf")), "old");
-  EXPECT_EQ(ReadAll(File("list.json")), "old");
+  EXPECT_EQ(ReadBytes(File("list.pdf")), "old");
+  EXPECT_EQ(ReadBytes(File("list.json")), "old");
   EXPECT_EQ(PartFiles(folder_.Path()), 0);
 
   EnginePreviewRunner whole(ReportObjects(), outputs);
   ASSERT_TRUE(whole.Run(context_, "rptPickingSyuDate")) << whole.Message();
-  EXPECT_EQ(ReadAll(File("list.pdf")).rfind("%PDF-", 0), 0u);
-  EXPECT_EQ(nlohmann::json::parse(ReadAll(File("list.json")))["pages"].size(), 4u);
+  EXPECT_EQ(ReadBytes(File("list.pdf")).rfind("%PDF-", 0), 0u);
+  EXPECT_EQ(nlohmann::json::parse(ReadBytes(File("list.json")))["pages"].size(), 4u);
   EXPECT_EQ(PartFiles(folder_.Path()), 0);
 }
 

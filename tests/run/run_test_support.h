@@ -1,33 +1,17 @@
 #pragma once
 // A context on a temporary component directory and settings folder, for the form-model tests.
 #include <filesystem>
-#include <memory>
-#include <random>
 #include <string>
+#include <vector>
 
 #include "entry/context.h"
 #include "entry/ui.h"
+#include "run/preview_runner.h"
+#include "support/temp_files.h"
 
 namespace lupin::run::testing {
 
-class TempFolder {
- public:
-  TempFolder() {
-    std::random_device device;
-    path_ = std::filesystem::temp_directory_path() / ("lupin_run_" + std::to_string(device()));
-    std::filesystem::create_directories(path_);
-  }
-  ~TempFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  TempFolder(const TempFolder&) = delete;
-  TempFolder& operator=(const TempFolder&) = delete;
-  const std::filesystem::path& Path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
+using lupin::testing::TempFolder;
 
 // Remembers every message, not only the last.
 class ListUi : public entry::Ui {
@@ -45,10 +29,25 @@ class ListUi : public entry::Ui {
   std::string focus;
 };
 
+// A report engine that records which object ran and how often it printed, answering as told.
+struct FakeRunner : PreviewRunner {
+  bool Run(entry::Context&, std::string_view object) override {
+    ran = object;
+    return ++runs, true;
+  }
+  int RecordCount() const override { return records; }
+  bool Print() override { return ++prints, print_succeeds; }
+  int Pages() const override { return pages; }
+  bool Has(std::string_view) const override { return has_objects; }
+  int records = 1, pages = 1;
+  bool print_succeeds = true, has_objects = true;
+  std::string ran;
+  int runs = 0, prints = 0;
+};
+
 struct TestContext {
   explicit TestContext(db::Connection* connection, std::string client = "PC01")
       : context(connection, settings::StorePaths::InFolder(folder.Path() / "settings"), folder.Path()) {
-    std::filesystem::create_directories(folder.Path() / "settings");
     context.login.client_name = std::move(client);
   }
   TempFolder folder;

@@ -1,19 +1,19 @@
-// Byte cuts, 16-character splits and the distribution of company, department and name over the
-// five recipient lines.
+// The rules of the e-飛伝 files: byte cuts, 16-character splits, the distribution of company,
+// department and name over the five recipient lines, the time-zone code and the option file.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 
+#include "exchange/ehiden_option.h"
 #include "exchange/ehiden_text.h"
+#include "exchange/ehiden_time_zone.h"
+#include "exchange_fixture.h"
 
 namespace lupin::exchange {
 namespace {
 
-std::string Rep(const std::string& piece, int times) {
-  std::string out;
-  for (int i = 0; i < times; ++i) out += piece;
-  return out;
-}
+using testing::Rep;
 
 struct CutCase {
   const char* what;
@@ -78,6 +78,52 @@ TEST(EhidenDistributeAddress, PlacesCompanyDepartmentAndName) {
     EXPECT_EQ(lines[3], c.line4) << c.what;
     EXPECT_EQ(lines[4], c.line5) << c.what;
   }
+}
+
+
+using G = EhidenGeneration;
+
+struct ZoneCase {
+  std::string text;
+  G generation;
+  bool evening_empty;
+  std::string expected;
+};
+
+TEST(EhidenTimeZone, MapsTheHourOfTheText) {
+  const ZoneCase cases[] = {
+      {" 指定なし ", G::II, true, ""},
+      {"９時～１２時", G::III, false, "01"},
+      {"ｐｍ5", G::III, false, "16"},
+      {"午後１２時", G::III, false, ""},  // 24 o'clock
+      {"0018", G::III, false, "18"},
+      // The older generations send "04" for 18 to 21 o'clock while the fourth free text is empty;
+      // the golden files hold the other forms.
+      {"21時", G::II, true, "04"},
+      {"17時", G::I, true, "16"},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(TimeZoneCode(c.text, c.generation, c.evening_empty), c.expected)
+        << c.text << " generation " << static_cast<int>(c.generation);
+}
+
+
+using Slots = std::array<std::string, 6>;
+
+TEST(EhidenOptions, ReadsSlotsByTheLineBeginning) {
+  const struct {
+    const char* what;
+    std::string content;
+    Slots expected;
+  } cases[] = {
+      // The golden files hold a complete file with CR LF.
+      {"last slot, LF", "指定シール③：013\n", {"", "", "", "", "", "013"}},
+      {"later line wins, unknown skipped", "荷姿コード：1\r# comment\r荷姿：9\r荷姿コード：2", {"2", "", "", "", "", ""}},
+      {"key must begin the line", " 荷姿コード：1\n", {"", "", "", "", "", ""}},
+      {"hiragana key matches by text compare", "便種（すぴーど）：020\n", {"", "020", "", "", "", ""}},
+      {"half-width key is longer in characters, no match", "便種（ｽﾋﾟｰﾄﾞ）：020\n", {"", "", "", "", "", ""}},
+  };
+  for (const auto& c : cases) EXPECT_EQ(ParseEhidenOptions(c.content).slots, c.expected) << c.what;
 }
 
 }  // namespace
