@@ -4,7 +4,7 @@
 # staging, ledger and waybill numbers are each all there or not there; and the next run works.
 #   crash_kill.sh LUPINPRINT [TRIALS_PER_ENGINE]
 # Environment:
-#   CRASH_TRIALS=300    trials per engine (default 14, what ctest runs; at most 999)
+#   CRASH_TRIALS=300    trials per engine (default 10, what ctest runs; at most 999)
 #   CRASH_SEED=N        replays the choices of a failed run (its FAILED line prints the seed);
 #                       the moments of the kills still vary with the machine's load
 #   CRASH_ENGINES=...   "sqlite postgres" (default), or one of them
@@ -13,7 +13,7 @@
 # after a random part of one run's length.
 set -euo pipefail
 lupinprint=$1
-trials=${CRASH_TRIALS:-${2:-14}}
+trials=${CRASH_TRIALS:-${2:-10}}
 ((trials <= 999)) || { echo "CRASH_TRIALS is at most 999 (the waybill start number holds the trial)" >&2; exit 2; }
 seed=${CRASH_SEED:-$$}
 RANDOM=$seed
