@@ -87,14 +87,17 @@ export_run() {  # kind ids [file]
     --home "$home" --set "${export_setting[$1]}=${3:-$home/$1.csv}" --clear-criteria --only "$2" --quiet
 }
 
-# Runs the command in the background and kills it after a random 0 to max_ms milliseconds.
+# Runs the command in the background and kills it after a random 0 to max_ms milliseconds. A run
+# that ended before its kill sets max_ms to its own length, so kills follow the machine's load.
 kill_after_random() {
-  local ms=$((RANDOM % max_ms))
+  local ms=$((RANDOM % max_ms)) start status=0
+  start=$(date +%s%N)
   ("$@") >/dev/null 2>&1 &
   local pid=$!
   sleep "$((ms / 1000)).$(printf '%03d' $((ms % 1000)))"
   kill -9 "$pid" 2>/dev/null || true
-  wait "$pid" 2>/dev/null || true
+  wait "$pid" 2>/dev/null || status=$?
+  if [ "$status" != 137 ]; then max_ms=$(( ($(date +%s%N) - start) / 1000000 + 50 )); fi
 }
 
 complete_pdf() { [ ! -f "$1" ] || qpdf --check "$1" >/dev/null 2>&1; }
