@@ -72,6 +72,9 @@ std::vector<std::int32_t> OrderIds(db::Connection& connection, const TaxArgs& ar
   return ids;
 }
 
+// Orders read at once when each is written in a transaction of its own.
+constexpr std::size_t kPrefetchOrders = 500;
+
 // On a terminal the line is redrawn; in a log a line per tenth is enough.
 void ShowProgress(std::size_t done, std::size_t total, bool terminal) {
   if (terminal) {
@@ -117,6 +120,8 @@ std::size_t CalcBatch(db::Connection& connection, money::clsCalcChumonT& calc,
   std::vector<std::pair<std::int32_t, std::string>> failures;
   try {
     db::Transaction transaction(connection);
+    // The batch's orders in one read: the IDs are every order between its first and last.
+    calc.Prefetch(ids[first], ids[first + count - 1]);
     for (std::size_t i = first; i < first + count; ++i) {
       calc.SetId(ids[i]);
       try {
@@ -148,8 +153,9 @@ int RecalculateAll(db::Connection& connection, money::clsCalcChumonT& calc, cons
   Progress progress{ids.size(), 0, ids.size() < 100 ? 1 : ids.size() / 100, ::isatty(STDERR_FILENO) != 0};
   std::size_t failed = 0;
   if (args.batch <= 1) {
-    for (std::int32_t id : ids) {
-      failed += CalcAlone(calc, id, progress.terminal);
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+      if (i % kPrefetchOrders == 0) calc.Prefetch(ids[i], ids[std::min(ids.size(), i + kPrefetchOrders) - 1]);
+      failed += CalcAlone(calc, ids[i], progress.terminal);
       progress.Advance();
     }
   } else {
@@ -183,6 +189,7 @@ void Run(const TaxArgs& args) {
   money::clsCalcChumonT calc{settings::Settings(stores)};
   try {
     calc.SetDb(*connection, args.dialect.value_or(context.dialect));
+    calc.PrepareRun();
   } catch (const money::TypeMismatchError& e) {
     Fail(std::string("消費税率 (TAX) に軽減税率の行がありません: ") + e.what());
   } catch (const std::exception& e) {
@@ -201,8 +208,10 @@ void Run(const TaxArgs& args) {
   calc.SetId(*args.id);
   bool exists = false;
   try {
-    // Calc itself would only report the end of data for an unknown id.
-    exists = !connection->Open("SELECT [ID] FROM [CHUMON] WHERE [ID] = " + std::to_string(*args.id)).Eof();
+    // Calc itself would only report the end of data for an unknown id; the order read here is
+    // the one Calc uses.
+    calc.Prefetch(*args.id, *args.id);
+    exists = calc.IsPrefetched(*args.id);
   } catch (const std::exception& e) {
     Fail(std::string("受注 (CHUMON) を読めません: ") + e.what());
   }

@@ -1,5 +1,6 @@
 #pragma once
 // The ADO-shaped connection that every statement of the component runs on.
+#include <cstdint>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -49,6 +50,18 @@ class Connection {
   virtual void RollbackTrans() = 0;
   virtual bool InTransaction() const = 0;
   virtual Engine GetEngine() const = 0;
+
+  // Trips to the engine since the connection opened: on PostgreSQL each text sent to the server
+  // and its answer (deferred statements travel together), on SQLite each call that runs SQL.
+  // What a run spends on the database, for benchmarks and for tests of batching and caching.
+  // A connection that wraps another answers with the other's count.
+  virtual std::uint64_t RoundTrips() const { return round_trips_; }
+
+ protected:
+  void CountRoundTrip() { ++round_trips_; }
+
+ private:
+  std::uint64_t round_trips_ = 0;
 };
 
 // "sqlite:PATH" (":memory:" allowed) or "postgresql://..." / "postgres://...".

@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "common/vb.h"
@@ -30,6 +31,19 @@ OrderCharges ReadCharges(const db::Recordset& rs) {
   return o;
 }
 
+OrderTaxLine ReadLine(const db::Recordset& rs) {
+  return {ReadLong(rs, "ITEM_PRICE"), ReadFlag(rs, "REDUCEDKBN"), rs["ITEM_TAX"].Number()};
+}
+
+// The columns and tables of an order's calculation.
+std::string OrderColumns() {
+  return std::string("[受注日]") + ",[出荷予定日]" + ",[出荷日]" + ",[請求日]" + ",[送料]" + ",[決済手数料]" +
+         ",[ポイント利用８％]" + ",[ポイント利用１０％]" + ",[SHIPPING_TAXKBN]" + ",[HANDLING_TAXKBN]" +
+         ",[TAX_CALKBN]" + ",[TAX_INCLUDES_DECLARED]" + ",[ITEM_PRICE]" + ",[CHUMON_D].[REDUCEDKBN]" +
+         ",[ITEM_TAX]" + " FROM ([CHUMON]" + " LEFT OUTER JOIN [SHOP]" + " ON [SHOP].[SHOP_ID] = [CHUMON].[ショップID])" +
+         " LEFT OUTER JOIN [CHUMON_D]" + " ON [CHUMON_D].[ID] = [CHUMON].[ID]";
+}
+
 }  // namespace
 
 clsCalcChumonT::clsCalcChumonT() : clsCalcChumonT(settings::Settings(settings::StorePaths::Default())) {}
@@ -38,25 +52,58 @@ clsCalcChumonT::clsCalcChumonT(settings::Settings settings) : settings_(std::mov
 
 void clsCalcChumonT::SetDb(db::Connection& connection, int dialect) {
   connection_ = &connection;
+  prefetched_.clear();
   zei_info_.SetDb(connection, dialect);
+}
+
+void clsCalcChumonT::PrepareRun() {
+  zei_info_.PreloadGenerations();
+  tax_check_date_ = TaxCheckDate(settings_);
+}
+
+void clsCalcChumonT::Prefetch(std::int32_t first, std::int32_t last) {
+  if (connection_ == nullptr) throw db::DbError("clsCalcChumonT: SetDb が呼ばれていません。");
+  prefetched_.clear();
+  db::Recordset rs = connection_->Open(
+      "SELECT [CHUMON].[ID]," + OrderColumns() + " WHERE [CHUMON].[ID] >= " + std::to_string(first) +
+      " AND [CHUMON].[ID] <= " + std::to_string(last) + " ORDER BY [CHUMON].[ID],[CHUMON_D].[ITEM_NO]");
+  OrderRows* order = nullptr;
+  std::int32_t current = 0;
+  for (; !rs.Eof(); rs.MoveNext()) {
+    const auto id = static_cast<std::int32_t>(rs["ID"].Long());
+    if (order == nullptr || id != current) {
+      current = id;
+      order = &prefetched_[id];
+      *order = {rs["受注日"].Text(), rs["出荷予定日"].Text(), rs["出荷日"].Text(), rs["請求日"].Text(), ReadCharges(rs), {}};
+    }
+    order->lines.push_back(ReadLine(rs));
+  }
+}
+
+vb::DateSerial clsCalcChumonT::TaxDateOf(const OrderRows& order) const {
+  return PickTaxDate(tax_check_date_ ? *tax_check_date_ : TaxCheckDate(settings_), order.order_date,
+                     order.planned_ship_date, order.ship_date, order.bill_date);
 }
 
 void clsCalcChumonT::Calc() {
   if (connection_ == nullptr) throw db::DbError("clsCalcChumonT: SetDb が呼ばれていません。");
-  db::Recordset rs = connection_->Open(
-      std::string("SELECT") + " [受注日]" + ",[出荷予定日]" + ",[出荷日]" + ",[請求日]" + ",[送料]" +
-      ",[決済手数料]" + ",[ポイント利用８％]" + ",[ポイント利用１０％]" + ",[SHIPPING_TAXKBN]" +
-      ",[HANDLING_TAXKBN]" + ",[TAX_CALKBN]" + ",[TAX_INCLUDES_DECLARED]" + ",[ITEM_PRICE]" +
-      ",[CHUMON_D].[REDUCEDKBN]" + ",[ITEM_TAX]" + " FROM ([CHUMON]" + " LEFT OUTER JOIN [SHOP]" +
-      " ON [SHOP].[SHOP_ID] = [CHUMON].[ショップID])" + " LEFT OUTER JOIN [CHUMON_D]" +
-      " ON [CHUMON_D].[ID] = [CHUMON].[ID]" + " WHERE [CHUMON].[ID] = " + std::to_string(id_));
+  if (auto found = prefetched_.find(id_); found != prefetched_.end()) {
+    const OrderRows order = std::move(found->second);
+    prefetched_.erase(found);  // used once: a later Calc of the order reads it afresh
+    zei_info_.SetKijyun(TaxDateOf(order));
+    zei_info_.GetData();
+    Apply(order.charges, order.lines);
+    return;
+  }
+  db::Recordset rs = connection_->Open("SELECT " + OrderColumns() +
+                                       " WHERE [CHUMON].[ID] = " + std::to_string(id_));
 
   // The date that decides the rates; no row at all gives the lowest date.
   if (rs.Eof()) {
     zei_info_.SetKijyun(vb::kLowestDate);
   } else {
-    zei_info_.SetKijyun(GetTaxDate(settings_, rs["受注日"].Text(), rs["出荷予定日"].Text(),
-                                   rs["出荷日"].Text(), rs["請求日"].Text()));
+    zei_info_.SetKijyun(TaxDateOf({rs["受注日"].Text(), rs["出荷予定日"].Text(), rs["出荷日"].Text(),
+                                   rs["請求日"].Text(), {}, {}}));
   }
   zei_info_.GetData();
 
@@ -64,11 +111,12 @@ void clsCalcChumonT::Calc() {
   const OrderCharges charges = ReadCharges(rs);
   // The lines; an order without lines is one row of NULLs, adding 0 to the normal slot.
   std::vector<OrderTaxLine> lines;
-  for (; !rs.Eof(); rs.MoveNext()) {
-    lines.push_back({ReadLong(rs, "ITEM_PRICE"), ReadFlag(rs, "REDUCEDKBN"), rs["ITEM_TAX"].Number()});
-  }
+  for (; !rs.Eof(); rs.MoveNext()) lines.push_back(ReadLine(rs));
   rs.Close();
+  Apply(charges, lines);
+}
 
+void clsCalcChumonT::Apply(const OrderCharges& charges, const std::vector<OrderTaxLine>& lines) {
   // Only a run that got this far replaces the results.
   const OrderTax tax = CalcOrderTax(charges, lines, zei_info_.Rates());
   for (std::size_t i = 0; i < 3; ++i) {

@@ -2,10 +2,14 @@
 // An order's tax-included amounts and taxes per rate, kept in CHUMON_T for the rest of the package.
 #include <cstdint>
 #include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
 
 #include "common/currency.h"
 #include "common/settings.h"
 #include "db/connection.h"
+#include "money/order_tax.h"
 #include "money/zei_info.h"
 
 namespace lupin::money {
@@ -29,6 +33,15 @@ class clsCalcChumonT {
   void SetDb(db::Connection& connection, int dialect = 0);
   void SetId(std::int32_t id) { id_ = id; }
 
+  // For a run over many orders, after SetDb: the TAX table and TaxCheckDate are read once here
+  // instead of per order (neither changes while a run lasts).
+  void PrepareRun();
+  // Reads the orders with IDs first..last, their shop and lines in one statement; the next Calc
+  // of each of them uses those rows once instead of its own query. An ID with no order is not
+  // held, and its Calc asks the database as always.
+  void Prefetch(std::int32_t first, std::int32_t last);
+  bool IsPrefetched(std::int32_t id) const { return prefetched_.contains(id); }
+
   // Calculates the order and rewrites its CHUMON_T row (delete, then insert; in a transaction of
   // their own unless the caller has one open).
   // Database errors, a missing order (end of data), vb::OverflowError and DivisionByZeroError are
@@ -48,12 +61,22 @@ class clsCalcChumonT {
   const clsZeiInfo& ZeiInfo() const { return zei_info_; }
 
  private:
+  // What Calc reads of one order.
+  struct OrderRows {
+    std::string order_date, planned_ship_date, ship_date, bill_date;
+    OrderCharges charges;
+    std::vector<OrderTaxLine> lines;
+  };
+  vb::DateSerial TaxDateOf(const OrderRows& order) const;
+  void Apply(const OrderCharges& charges, const std::vector<OrderTaxLine>& lines);
   void RewriteChumonT();
 
   settings::Settings settings_;
   db::Connection* connection_ = nullptr;
   std::int32_t id_ = 0;
   clsZeiInfo zei_info_;
+  std::optional<int> tax_check_date_;  // held by PrepareRun
+  std::unordered_map<std::int32_t, OrderRows> prefetched_;
   vb::Currency zeirate_[3]{};
   std::int32_t komikin_[3]{};
   std::int32_t zeikin_[3]{};

@@ -1,6 +1,8 @@
 #include "money/zei_info.h"
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "money/errors.h"
 #include "money/tax_date.h"
@@ -18,6 +20,8 @@ db::Connection& Require(db::Connection* connection) {
 
 void clsZeiInfo::SetDb(db::Connection& connection, int dialect) {
   generations_.clear();
+  preloaded_ = false;
+  tax_rows_.clear();
   connection_ = &connection;
   dialect_ = dialect;
   db::Recordset rs = connection.Open(std::string("SELECT") + " MIN([FROM_DATE]) AS MINDATE" +
@@ -29,12 +33,54 @@ void clsZeiInfo::SetDb(db::Connection& connection, int dialect) {
   reduced_start_date_ = *date;
 }
 
+void clsZeiInfo::PreloadGenerations() {
+  db::Connection& connection = Require(connection_);
+  std::vector<TaxRow> rows;
+  for (db::Recordset rs = connection.Open("SELECT [FROM_DATE],[REDUCEDKBN],[RATE],[OLDRATE] FROM [TAX]"
+                                          " ORDER BY [FROM_DATE],[REDUCEDKBN]");
+       !rs.Eof(); rs.MoveNext()) {
+    if (rs["FROM_DATE"].IsNull()) continue;  // never the maximum, never equal to it
+    const std::string from_date = rs["FROM_DATE"].Text();
+    const auto date = vb::CDate(from_date);
+    // Only one written like the date literal compares as a date on every engine and collation.
+    if (!date || vb::FormatDate(*date, "YYYY/MM/DD") != from_date || rs["REDUCEDKBN"].IsNull()) return;
+    rows.push_back({from_date, static_cast<std::int16_t>(vb::CInt(rs["REDUCEDKBN"].Number())),
+                    vb::Currency::FromDouble(rs["RATE"].Number() / 100),
+                    vb::Currency::FromDouble(rs["OLDRATE"].Number() / 100)});
+  }
+  tax_rows_ = std::move(rows);
+  preloaded_ = true;
+}
+
+clsZeiInfo::Generation clsZeiInfo::PreloadedGeneration(const std::string& date_text) const {
+  // MAX(FROM_DATE) <= the date, then that generation's rows in REDUCEDKBN order.
+  const std::string* youngest = nullptr;
+  for (const TaxRow& row : tax_rows_) {
+    if (row.from_date <= date_text && (youngest == nullptr || row.from_date > *youngest)) youngest = &row.from_date;
+  }
+  Generation generation;
+  if (youngest == nullptr) return generation;
+  const std::string from_date = *youngest;
+  for (const TaxRow& row : tax_rows_) {
+    if (row.from_date != from_date) continue;
+    generation.found = true;
+    generation.kinds.push_back(row.kind);
+    generation.rates.push_back(row.rate);
+    generation.old_rates.push_back(row.old_rate);
+  }
+  return generation;
+}
+
 void clsZeiInfo::GetData() {
   const std::string statement = std::string("SELECT") + " MAIN.[REDUCEDKBN]" + ",MAIN.[RATE]" + ",MAIN.[OLDRATE]" +
                                 " FROM [TAX] MAIN" + " WHERE MAIN.[FROM_DATE] = (" + "SELECT" + " MAX(SUB.[FROM_DATE])" +
                                 " FROM [TAX] SUB" + " WHERE SUB.[FROM_DATE] <= " + TaxDateLiteral(dialect_, kijyun_) + ")" +
                                 " ORDER BY MAIN.[REDUCEDKBN]";
   auto cached = generations_.find(statement);
+  if (cached == generations_.end() && preloaded_) {
+    if (generations_.size() >= kGenerationCacheLimit) generations_.clear();
+    cached = generations_.emplace(statement, PreloadedGeneration(vb::FormatDate(kijyun_, "YYYY/MM/DD"))).first;
+  }
   if (cached == generations_.end()) {
     db::Connection& connection = Require(connection_);
     Generation generation;

@@ -32,6 +32,12 @@ class clsZeiInfo {
   // season's orders share a few hundred dates): SetDb starts afresh.
   void GetData();
 
+  // Reads the whole TAX table in one statement, so that GetData answers every date from memory:
+  // for a run over many orders. When a FROM_DATE is not written "YYYY/MM/DD" or a REDUCEDKBN is
+  // NULL, the engines' own comparison and ordering would decide, so GetData keeps asking the
+  // database. SetDb drops what was read.
+  void PreloadGenerations();
+
   bool IsExistReduced() const;
   vb::DateSerial ReducedStartDate() const { return reduced_start_date_; }
   vb::Currency NormalRate() const;     // first row of kind 0, else 0
@@ -47,7 +53,17 @@ class clsZeiInfo {
     std::vector<std::int16_t> kinds;
     std::vector<vb::Currency> rates, old_rates;
   };
+  // One TAX row as preloaded: its date text, compared as the engine compares the column.
+  struct TaxRow {
+    std::string from_date;
+    std::int16_t kind;
+    vb::Currency rate, old_rate;
+  };
+  Generation PreloadedGeneration(const std::string& date_text) const;
+
   static constexpr std::size_t kGenerationCacheLimit = 4096;
+  bool preloaded_ = false;
+  std::vector<TaxRow> tax_rows_;  // by FROM_DATE, then REDUCEDKBN
   std::unordered_map<std::string, Generation> generations_;  // by statement text
 
   db::Connection* connection_ = nullptr;

@@ -4,7 +4,7 @@
 # staging, ledger and waybill numbers are each all there or not there; and the next run works.
 #   crash_kill.sh LUPINPRINT [TRIALS_PER_ENGINE]
 # Environment:
-#   CRASH_TRIALS=300    trials per engine (default 14, what ctest runs; at most 999)
+#   CRASH_TRIALS=300    trials per engine (default 10, what ctest runs; at most 999)
 #   CRASH_SEED=N        replays the choices of a failed run (its FAILED line prints the seed);
 #                       the moments of the kills still vary with the machine's load
 #   CRASH_ENGINES=...   "sqlite postgres" (default), or one of them
@@ -13,7 +13,7 @@
 # after a random part of one run's length.
 set -euo pipefail
 lupinprint=$1
-trials=${CRASH_TRIALS:-${2:-14}}
+trials=${CRASH_TRIALS:-${2:-10}}
 ((trials <= 999)) || { echo "CRASH_TRIALS is at most 999 (the waybill start number holds the trial)" >&2; exit 2; }
 seed=${CRASH_SEED:-$$}
 RANDOM=$seed
@@ -87,14 +87,21 @@ export_run() {  # kind ids [file]
     --home "$home" --set "${export_setting[$1]}=${3:-$home/$1.csv}" --clear-criteria --only "$2" --quiet
 }
 
-# Runs the command in the background and kills it after a random 0 to max_ms milliseconds.
-kill_after_random() {
-  local ms=$((RANDOM % max_ms))
+# Runs the command in the background and kills it after a random 0 to N milliseconds, N being the
+# length of the last run of its kind (print or export) that ended on its own: kills then land
+# across a whole run, whatever the machine's load.
+declare -A run_ms=()
+kill_after_random() {  # kind command...
+  local kind=$1 start status=0
+  shift
+  local ms=$((RANDOM % ${run_ms[$kind]}))
+  start=$(date +%s%N)
   ("$@") >/dev/null 2>&1 &
   local pid=$!
   sleep "$((ms / 1000)).$(printf '%03d' $((ms % 1000)))"
   kill -9 "$pid" 2>/dev/null || true
-  wait "$pid" 2>/dev/null || true
+  wait "$pid" 2>/dev/null || status=$?
+  if [ "$status" != 137 ]; then run_ms[$kind]=$(( ($(date +%s%N) - start) / 1000000 + 50 )); fi
 }
 
 complete_pdf() { [ ! -f "$1" ] || qpdf --check "$1" >/dev/null 2>&1; }
@@ -114,7 +121,7 @@ trial_print() {
   ids=$(pick yamato)
   before_ledger=$(booked_of "$ids")
   start=$(printf '9%03d00000000' "$trial")
-  kill_after_random print_run "$ids" "$start"
+  kill_after_random print print_run "$ids" "$start"
   local after
   after=$(staged)
   [ "$after" = "$before" ] || [ "$after" = "$ids" ] || fail "staging half done: $after"
@@ -149,7 +156,7 @@ trial_export() {
   local before_ledger before_file delta now
   before_ledger=$(ledger_cnt "${export_ledger[$kind]}")
   before_file=$(checksum "$file")
-  kill_after_random export_run "$kind" "$(export_ids "$kind" "$set")"
+  kill_after_random export export_run "$kind" "$(export_ids "$kind" "$set")"
   delta=$(($(ledger_cnt "${export_ledger[$kind]}") - before_ledger))
   [ "$delta" = 0 ] || [ "$delta" = 6 ] || fail "$kind ledger half written: $delta of 6"
   now=$(checksum "$file")
@@ -182,14 +189,17 @@ recovery() {
 for engine in ${CRASH_ENGINES:-sqlite postgres}; do
   engine_start=$(date +%s)
   setup "$engine"
-  # A run that is not killed, to learn how long one takes: kills then land across its whole length.
+  # Runs that are not killed, to learn how long each kind takes.
   start=$(date +%s%N)
-  (print_run "${yamato[0]}" 100000000000) >/dev/null 2>&1 || fail "first run"
-  max_ms=$(( ($(date +%s%N) - start) / 1000000 + 50 ))
+  (print_run "${yamato[0]}" 100000000000) >/dev/null 2>&1 || fail "first print"
+  run_ms[print]=$(( ($(date +%s%N) - start) / 1000000 + 50 ))
+  start=$(date +%s%N)
+  (export_run ehiden "${sagawa[0]}" "$work/first.csv") >/dev/null 2>&1 || fail "first export"
+  run_ms[export]=$(( ($(date +%s%N) - start) / 1000000 + 50 ))
   for ((trial = 1; trial <= trials; trial++)); do
     if ((RANDOM % 2)); then trial_print; else trial_export; fi
     if ((trial % 20 == 0 || trial == trials)); then recovery; fi
   done
-  echo "$engine: $trials kills (runs of up to ${max_ms} ms) in $(($(date +%s) - engine_start)) s, all consistent"
+  echo "$engine: $trials kills (last runs ${run_ms[print]} ms print, ${run_ms[export]} ms export) in $(($(date +%s) - engine_start)) s, all consistent"
 done
 echo "1 passed, 0 failed"

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "db/connection.h"
+#include "money/calc_chumon_t.h"
 #include "money/tax_date.h"
 #include "money/zei_info.h"
 
@@ -51,6 +52,22 @@ TEST(StatementText, DatesAreDelimitedByTheDialect) {
     EXPECT_EQ(db.statements[2], "SELECT [RATE] FROM [TAX] WHERE [FROM_DATE] <= " + std::string(literal) +
                                     " AND [REDUCEDKBN] = 0 ORDER BY [FROM_DATE] DESC");
   }
+}
+
+// An order's own read, as other programs of the package log and expect it.
+TEST(StatementText, OrderReadOfCalc) {
+  RecordingConnection db;
+  clsCalcChumonT calc{settings::Settings(settings::StorePaths::InFolder("/nonexistent"))};
+  calc.SetDb(db);
+  calc.SetId(42);
+  EXPECT_THROW(calc.Calc(), std::exception);  // the recording answers no rows
+  ASSERT_GE(db.statements.size(), 2u);
+  EXPECT_EQ(db.statements[1],
+            "SELECT [受注日],[出荷予定日],[出荷日],[請求日],[送料],[決済手数料],[ポイント利用８％],[ポイント利用１０％],"
+            "[SHIPPING_TAXKBN],[HANDLING_TAXKBN],[TAX_CALKBN],[TAX_INCLUDES_DECLARED],[ITEM_PRICE],"
+            "[CHUMON_D].[REDUCEDKBN],[ITEM_TAX] FROM ([CHUMON] LEFT OUTER JOIN [SHOP] ON [SHOP].[SHOP_ID] = "
+            "[CHUMON].[ショップID]) LEFT OUTER JOIN [CHUMON_D] ON [CHUMON_D].[ID] = [CHUMON].[ID] "
+            "WHERE [CHUMON].[ID] = 42");
 }
 
 }  // namespace

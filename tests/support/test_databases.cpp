@@ -57,6 +57,7 @@ class TestConnection final : public db::Connection {
   void RollbackTrans() override { inner_->RollbackTrans(); }
   bool InTransaction() const override { return inner_->InTransaction(); }
   db::Engine GetEngine() const override { return inner_->GetEngine(); }
+  std::uint64_t RoundTrips() const override { return inner_->RoundTrips(); }
   const std::string& Url() const { return url_; }
 
  private:

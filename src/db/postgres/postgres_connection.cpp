@@ -193,6 +193,7 @@ class PostgresConnection final : public Connection {
   }
 
   Result Exec(const std::string& text) {
+    CountRoundTrip();
     Result result(PQexec(conn_, text.c_str()));
     const ExecStatusType status = result ? PQresultStatus(result.get()) : PGRES_FATAL_ERROR;
     if (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK || status == PGRES_EMPTY_QUERY) return result;

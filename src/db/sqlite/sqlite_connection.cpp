@@ -122,6 +122,7 @@ class SqliteConnection final : public Connection {
     if (!statement || !IsBlank(std::string_view(tail, static_cast<std::size_t>(sql.data() + sql.size() - tail)))) {
       return Open(sql);
     }
+    CountRoundTrip();
     std::vector<std::string> names;
     const int columns = sqlite3_column_count(statement.get());
     for (int c = 0; c < columns; ++c) names.emplace_back(sqlite3_column_name(statement.get(), c));
@@ -176,6 +177,7 @@ class SqliteConnection final : public Connection {
       const std::string text = EngineSqlText(sql, false);
       if (text != sql) return Run(text, names, rows);
     }
+    CountRoundTrip();
     if (auto found = cache_.find(sql); found != cache_.end()) {
       Step(found->second, names, rows);
       return;
