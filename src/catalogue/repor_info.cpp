@@ -29,10 +29,15 @@ std::string ProgramName() {
 }
 
 // A stored value replaces the field only when it converts to something other than 0, so a 0 in
-// the file never hides a table value.
+// the file never hides a table value; nor does a number too large to read ("1E+400").
 template <typename T>
 void OverrideNumber(const std::filesystem::path& file, std::string_view section, std::string_view key, T& field) {
-  const double value = vb::Val(settings::ReadProfileString(file, section, key, ""));
+  double value = 0;
+  try {
+    value = vb::Val(settings::ReadProfileString(file, section, key, ""));
+  } catch (const vb::OverflowError&) {
+    return;
+  }
   if (value == 0) return;
   if (const auto whole = WholeNumber<T>(value)) field = *whole;
 }

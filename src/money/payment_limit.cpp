@@ -3,7 +3,14 @@
 namespace lupin::money {
 
 int WellNetKigenDays(const settings::Settings& settings) {
-  return static_cast<int>(vb::Val(settings.GetSetting(0, "0", "WellNetKigenDays")));
+  double days = 0;
+  try {
+    days = vb::Val(settings.GetSetting(0, "0", "WellNetKigenDays"));
+  } catch (const vb::OverflowError&) {
+    return 0;
+  }
+  // A term no bill could have (beyond a hundred years either way) counts as no limit.
+  return days > -36500 && days < 36500 ? static_cast<int>(days) : 0;
 }
 
 std::optional<vb::DateSerial> PaymentLimit(std::string_view bill_date, int kigen_days) {

@@ -32,7 +32,7 @@ TEST_P(ReporInfoTest, StoredNumbersReplaceOnlyWhenNonZero) {
   const struct {
     const char* stored;
     long expected;
-  } cases[] = {{"9", 9}, {"0", 260}, {"11 (B5)", 11}, {"A4", 260}, {"70000", 260}};
+  } cases[] = {{"9", 9}, {"0", 260}, {"11 (B5)", 11}, {"A4", 260}, {"70000", 260}, {"1E+3120", 260}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.stored);
     PutReportIni(std::string("[ヤマト宅配伝票]\nDEVICE_NAME=\nPAPER_SIZE=") + c.stored + "\n");
