@@ -62,7 +62,10 @@ void CheckSettingsFiles(const fs::path& folder, const fs::path& file, const std:
   again.Connection(&ReportDb());
   again.INIFile(file);
   again.GetReportSetting(25);
-  const bool device_kept = Writable(info.DeviceName()) && info.DeviceName().find('\r') == std::string::npos;
+  // Nor one with blanks at its ends: a profile trims them when it reads the line back.
+  const std::string& name = info.DeviceName();
+  const bool blank_ends = !name.empty() && (name.front() == ' ' || name.front() == '\t' || name.back() == ' ' || name.back() == '\t');
+  const bool device_kept = Writable(name) && name.find('\r') == std::string::npos && !blank_ends;
   if ((device_kept && again.DeviceName() != info.DeviceName()) || Numbers(again) != Numbers(info)) {
     std::fprintf(stderr, "first [%s] %s, again [%s] %s\n", info.DeviceName().c_str(), Numbers(info).c_str(),
                  again.DeviceName().c_str(), Numbers(again).c_str());
