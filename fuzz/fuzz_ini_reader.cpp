@@ -2,6 +2,7 @@
 // any key gives at most 1,024 characters, and writing a key keeps the file readable. The settings
 // files read through it (a form's window size, a printer's calibration offsets, a report's printer
 // overrides in REPORT.INI) take whatever the file holds.
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -62,10 +63,12 @@ void CheckSettingsFiles(const fs::path& folder, const fs::path& file, const std:
   again.Connection(&ReportDb());
   again.INIFile(file);
   again.GetReportSetting(25);
-  // Nor one with blanks at its ends: a profile trims them when it reads the line back.
+  // Nor one a profile reads back otherwise: blanks at its ends are trimmed, enclosing quotes
+  // dropped, control characters end or split the line.
   const std::string& name = info.DeviceName();
   const bool blank_ends = !name.empty() && (name.front() == ' ' || name.front() == '\t' || name.back() == ' ' || name.back() == '\t');
-  const bool device_kept = Writable(name) && name.find('\r') == std::string::npos && !blank_ends;
+  const bool plain = std::none_of(name.begin(), name.end(), [](char c) { return c == '"' || static_cast<unsigned char>(c) < 0x20; });
+  const bool device_kept = Writable(name) && plain && !blank_ends;
   if ((device_kept && again.DeviceName() != info.DeviceName()) || Numbers(again) != Numbers(info)) {
     std::fprintf(stderr, "first [%s] %s, again [%s] %s\n", info.DeviceName().c_str(), Numbers(info).c_str(),
                  again.DeviceName().c_str(), Numbers(again).c_str());
