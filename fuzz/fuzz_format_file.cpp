@@ -23,9 +23,5 @@ void ParseOnce(std::string text) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  lupin::fuzz::Input input(data, size);
-  const std::string bytes = input.Rest();
-  ParseOnce(bytes);
-  ParseOnce(lupin::text::FromCp932(bytes));
-  return 0;
+  return lupin::fuzz::ParseRawAndCp932(data, size, ParseOnce);
 }

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "common/text.h"
+
 namespace lupin::fuzz {
 
 class Input {
@@ -31,6 +33,16 @@ class Input {
  private:
   std::string_view rest_;
 };
+
+// A parser of files that arrive as Shift-JIS or UTF-8 meets both: the raw bytes, and the same
+// bytes read as Shift-JIS.
+template <typename Parse>
+int ParseRawAndCp932(const std::uint8_t* data, std::size_t size, Parse parse) {
+  const std::string bytes = Input(data, size).Rest();
+  parse(bytes);
+  parse(text::FromCp932(bytes));
+  return 0;
+}
 
 // A broken promise of the code under test: says which one and stops with the input saved.
 [[noreturn]] inline void Fail(const char* what) {
