@@ -17,6 +17,7 @@
 #include "entry/schema.h"
 #include "entry/ui.h"
 #include "support/temp_files.h"
+#include "support/golden_files.h"
 
 namespace lupin::exchange::testing {
 
@@ -84,23 +85,17 @@ inline std::string Rep(const std::string& piece, int times) {
   return out;
 }
 
-// Compares a writer's bytes with the pinned file under tests/golden, or rewrites the file when
-// LUPIN_UPDATE_GOLDEN=1; every rewritten file is reviewed before it is committed.
-inline bool UpdatingGolden() {
-  const char* update = std::getenv("LUPIN_UPDATE_GOLDEN");
-  return update != nullptr && std::string(update) == "1";
-}
+using lupin::testing::UpdatingGolden;
+
+// A writer's bytes against the pinned file; a difference also shows as decoded lines to read.
 inline void ExpectGolden(const std::filesystem::path& relative, const std::string& actual) {
-  const auto path = std::filesystem::path(LUPIN_GOLDEN_DIR) / relative;
-  if (UpdatingGolden()) {
-    std::filesystem::create_directories(path.parent_path());
-    return WriteBytes(path, actual);
+  if (!UpdatingGolden()) {
+    const auto path = std::filesystem::path(LUPIN_GOLDEN_DIR) / relative;
+    if (std::filesystem::exists(path)) {
+      EXPECT_EQ(text::FromCp932(actual), text::FromCp932(ReadBytes(path))) << relative;
+    }
   }
-  ASSERT_TRUE(std::filesystem::exists(path)) << path << " is missing; run once with LUPIN_UPDATE_GOLDEN=1";
-  const std::string expected = ReadBytes(path);
-  // The decoded comparison shows the differing lines; the byte comparison catches the rest.
-  EXPECT_EQ(text::FromCp932(actual), text::FromCp932(expected)) << relative;
-  EXPECT_TRUE(expected == actual) << relative;
+  lupin::testing::ExpectGoldenFile(relative, actual);
 }
 
 // The orders behind the pinned files: gifts with and without the shop's ATENA flag, cash on delivery,

@@ -15,6 +15,7 @@
 #include "entry/schema.h"
 #include "layout/format_parser.h"
 #include "reports/documents/nouhin.h"
+#include "support/golden_files.h"
 
 namespace lupin::reports::testing {
 
@@ -168,17 +169,7 @@ void DocumentDb::ExpectDump(const engine::PageCollection& pages, const std::stri
 }
 
 void DocumentDb::ExpectGoldenText(const std::string& text, const std::string& name) {
-  const std::filesystem::path path = std::filesystem::path(LUPIN_GOLDEN_DIR) / name;
-  if (std::getenv("LUPIN_UPDATE_GOLDEN") != nullptr && GetParam() == db::Engine::Sqlite) {
-    std::filesystem::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << text;
-    return;
-  }
-  std::ifstream in(path, std::ios::binary);
-  ASSERT_TRUE(in) << "missing golden file " << path;
-  std::stringstream expected;
-  expected << in.rdbuf();
-  EXPECT_EQ(text, expected.str()) << "pages differ from " << name;
+  lupin::testing::ExpectGoldenFile(name, text, GetParam() == db::Engine::Sqlite);
 }
 
 std::string Shown(const engine::Page& page, const std::string& name) {

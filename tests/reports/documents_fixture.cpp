@@ -14,6 +14,7 @@
 #include "entry/schema.h"
 #include "layout/report_frame.h"
 #include "run/preview_runner_engine.h"
+#include "support/golden_files.h"
 
 namespace lupin::reports::testing {
 
@@ -117,16 +118,7 @@ void DocumentsTest::ExpectGolden(const engine::PageCollection& pages, const std:
     for (const auto& page : pages.Pages())
       rasterizer.WritePng(page, 100, std::string(folder) + "/" + name + "-" + std::to_string(page.number) + ".png", problems);
   }
-  const std::filesystem::path path = std::filesystem::path(LUPIN_GOLDEN_DIR) / name;
-  if (std::getenv("LUPIN_UPDATE_GOLDEN") != nullptr && GetParam() == db::Engine::Sqlite) {
-    std::ofstream(path, std::ios::binary) << dump;
-    return;
-  }
-  std::ifstream in(path, std::ios::binary);
-  ASSERT_TRUE(in) << "missing golden file " << path;
-  std::stringstream expected;
-  expected << in.rdbuf();
-  EXPECT_EQ(dump, expected.str()) << "page dump differs from " << name;
+  lupin::testing::ExpectGoldenFile(name, dump, GetParam() == db::Engine::Sqlite);
 }
 
 std::vector<std::string> TextsOf(const engine::Page& page, const std::string& name) {

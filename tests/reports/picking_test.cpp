@@ -14,6 +14,7 @@
 #include "entry/schema.h"
 #include "reports/documents/picking.h"
 #include "support/test_databases.h"
+#include "support/golden_files.h"
 
 namespace lupin::reports {
 namespace {
@@ -94,17 +95,8 @@ class PickingTest : public lupin::testing::EngineTest {
 
   // The dump against tests/golden/NAME; LUPIN_UPDATE_GOLDEN=1 writes it instead.
   void ExpectGolden(const engine::PageCollection& pages, const std::string& name) {
-    const std::string dump = engine::JsonDump(pages.Info(), pages.Pages());
-    const std::filesystem::path path = std::filesystem::path(LUPIN_GOLDEN_DIR) / name;
-    if (std::getenv("LUPIN_UPDATE_GOLDEN") != nullptr && GetParam() == db::Engine::Sqlite) {
-      std::ofstream(path, std::ios::binary) << dump;
-      return;
-    }
-    std::ifstream in(path, std::ios::binary);
-    ASSERT_TRUE(in) << "missing golden file " << path;
-    std::stringstream expected;
-    expected << in.rdbuf();
-    EXPECT_EQ(dump, expected.str()) << "page dump differs from " << name;
+    lupin::testing::ExpectGoldenFile(name, engine::JsonDump(pages.Info(), pages.Pages()),
+                                     GetParam() == db::Engine::Sqlite);
   }
 
   std::filesystem::path home_;

@@ -16,6 +16,7 @@
 #include "layout/format_parser.h"
 #include "reports/slips/slip_registration.h"
 #include "reports/slips/yamato_slip.h"
+#include "support/golden_files.h"
 
 namespace lupin::reports::testing {
 
@@ -127,18 +128,8 @@ engine::PageCollection SlipDb::RunSlip(entry::Context& context, const std::strin
 }
 
 void SlipDb::ExpectGolden(const engine::PageCollection& pages, const std::string& name, const std::string& folder) {
-  const std::string dump = engine::JsonDump(pages.Info(), pages.Pages());
-  const std::filesystem::path path = std::filesystem::path(LUPIN_GOLDEN_DIR) / folder / name;
-  if (std::getenv("LUPIN_UPDATE_GOLDEN") != nullptr && GetParam() == db::Engine::Sqlite) {
-    std::filesystem::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << dump;
-    return;
-  }
-  std::ifstream in(path, std::ios::binary);
-  ASSERT_TRUE(in) << "missing golden file " << path;
-  std::stringstream expected;
-  expected << in.rdbuf();
-  EXPECT_EQ(dump, expected.str()) << "page dump differs from " << name;
+  lupin::testing::ExpectGoldenFile(std::filesystem::path(folder) / name, engine::JsonDump(pages.Info(), pages.Pages()),
+                                   GetParam() == db::Engine::Sqlite);
 }
 
 void SlipDb::WriteFormat(int report_no, const std::string& fields) {
