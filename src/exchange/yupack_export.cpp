@@ -174,6 +174,15 @@ RowFailure YupackWriter::Line(const CheckedOrder& o, db::Connection&, std::strin
     const auto address = [&](std::string_view value) {
       for (const auto& part : YupackAddress(value)) text(part);
     };
+    // Postcode, three address parts, two name lines, a free column and the telephone.
+    const auto party = [&](const Party& p) {
+      text(p.zip);
+      address(p.address);
+      text(p.name[0]);
+      text(p.name[1]);
+      empty(1);
+      text(p.tel);
+    };
     line.Add(o.id, Quote::None);                                            // 1
     empty(2);
     text(DigitsOnly(TrimBlanks(o.Field("出荷日"))));                         // 4
@@ -182,20 +191,10 @@ RowFailure YupackWriter::Line(const CheckedOrder& o, db::Connection&, std::strin
     empty(1);
     text(is_cod ? "2" : "0");                                               // 10
     empty(4);
-    text(to.zip);                                                           // 15
-    address(to.address);                                                    // 16-18
-    text(to.name[0]);                                                       // 19
-    text(to.name[1]);
-    empty(1);
-    text(to.tel);                                                           // 22
+    party(to);                                                              // 15-22
     text(is_gift ? std::string() : o.Field("メールアドレス"));                 // 23
     empty(8);
-    text(from.zip);                                                         // 32
-    address(from.address);                                                  // 33-35
-    text(from.name[0]);                                                     // 36
-    text(from.name[1]);
-    empty(1);
-    text(from.tel);                                                         // 39
+    party(from);                                                            // 32-39
     text(from.mail);                                                        // 40
     empty(7);
     text(o.Field("ショップ郵便番号"));                                         // 48
