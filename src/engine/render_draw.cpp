@@ -78,25 +78,16 @@ void PageDrawer::Draw(cairo_t* cr, const Page& page, std::vector<std::string>& p
 void PageDrawer::Draw(cairo_t* cr, const Page& page, const PagePreparation& preparation,
                       std::vector<std::string>& problems) {
   colour_ = -1;
-  for (std::size_t i = 0; i < page.items.size(); ++i) {
-    const PageItem& item = page.items[i];
-    if (!item.visible) continue;
-    switch (item.kind) {
-      case ItemKind::Label:
-      case ItemKind::TextField:
-        DrawText(cr, item, preparation.texts[i].get());
-        break;
-      case ItemKind::Shape:
-        DrawShape(cr, item);
-        break;
-      case ItemKind::Line:
-        DrawLine(cr, item);
-        break;
-      case ItemKind::Barcode:
-        DrawBarcode(cr, item, preparation.barcodes[i].get(), problems);
-        break;
-    }
-  }
+  struct Painter {
+    PageDrawer& drawer;
+    cairo_t* cr;
+    std::vector<std::string>& problems;
+    void Text(const PageItem& item, const ShapedText* shaped) { drawer.DrawText(cr, item, shaped); }
+    void Shape(const PageItem& item) { drawer.DrawShape(cr, item); }
+    void Line(const PageItem& item) { drawer.DrawLine(cr, item); }
+    void Barcode(const PageItem& item, const BarcodeSymbol* symbol) { drawer.DrawBarcode(cr, item, symbol, problems); }
+  };
+  PaintItems(page, preparation, Painter{*this, cr, problems});
   Flush(cr);
 }
 

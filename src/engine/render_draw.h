@@ -21,6 +21,31 @@ struct PagePreparation {
   std::vector<std::shared_ptr<const BarcodeSymbol>> barcodes;
 };
 
+// Every visible item of the page in drawing order, each kind to its own call of the painter:
+// Text(item, shaped), Shape(item), Line(item), Barcode(item, symbol).
+template <class Painter>
+void PaintItems(const Page& page, const PagePreparation& preparation, Painter&& painter) {
+  for (std::size_t i = 0; i < page.items.size(); ++i) {
+    const PageItem& item = page.items[i];
+    if (!item.visible) continue;
+    switch (item.kind) {
+      case ItemKind::Label:
+      case ItemKind::TextField:
+        painter.Text(item, preparation.texts[i].get());
+        break;
+      case ItemKind::Shape:
+        painter.Shape(item);
+        break;
+      case ItemKind::Line:
+        painter.Line(item);
+        break;
+      case ItemKind::Barcode:
+        painter.Barcode(item, preparation.barcodes[i].get());
+        break;
+    }
+  }
+}
+
 // Two halves that may run on two threads at once: Prepare (shaping, bar codes) on the thread that
 // lays the pages out, Draw (the cairo calls) on the thread that writes the surface. They touch
 // separate members.

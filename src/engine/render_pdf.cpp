@@ -1,15 +1,19 @@
 #include "engine/render_pdf.h"
 
-#include <cairo-pdf.h>
-#include <malloc.h>
-
+#include <cerrno>
 #include <condition_variable>
 #include <cstdlib>
+#include <cstring>
 #include <deque>
 #include <exception>
+#include <map>
 #include <mutex>
 #include <thread>
 
+#include "engine/pdf_file.h"
+#include "engine/pdf_fonts.h"
+#include "engine/pdf_page_content.h"
+#include "engine/pdf_syntax.h"
 #include "engine/render_draw.h"
 #include "engine/render_error.h"
 
@@ -17,21 +21,18 @@ namespace lupin::engine {
 
 namespace {
 
-// Pages waiting for the writer; the layout runs this far ahead at most.
-constexpr std::size_t kQueueDepth = 16;
+// Pages laid out but not yet written; the layout runs this far ahead at most.
+constexpr std::size_t kPagesInFlight = 16;
+constexpr double kTwipsPerPoint = 20.0;
 
-// cairo compresses every page through a deflate stream of its own: some 300 KB allocated and freed
-// per page. By default glibc hands that back to the kernel after each page and faults it in again
-// for the next, and on two threads each give-back interrupts the other core to flush its TLB. A
-// higher trim threshold keeps the freed top of the heap for the next page.
-void KeepPageBuffers() {
-  static std::once_flag once;
-  std::call_once(once, [] { mallopt(M_TRIM_THRESHOLD, 1 << 20); });
-}
-
-struct QueuedPage {
+struct PageJob {
+  std::uint64_t sequence = 0;
   Page page;
   PagePreparation preparation;
+  pdf::PageFonts fonts;
+  double width = 0, height = 0;  // points
+  std::string content;           // compressed, once drawn
+  std::vector<std::string> problems;
 };
 
 }  // namespace
@@ -43,77 +44,121 @@ int DefaultRenderThreads() {
   return std::thread::hardware_concurrency() >= 2 ? 2 : 1;
 }
 
-// With two threads the caller lays out and shapes page n + 1 while the writer thread makes the
-// cairo calls of page n; the surface only ever sees one thread, and the pages in their order, so
-// the file is the same byte for byte.
+// The caller lays out and shapes the pages in order; with two threads, two drawing threads turn
+// pages into compressed content streams in any order, and whichever finishes the next page in
+// order writes it. Object numbers follow the writing order and fonts are numbered as the layout
+// first meets them, so the file is the same byte for byte however the threads ran.
 struct PdfRenderer::Impl {
-  cairo_surface_t* surface = nullptr;
-  cairo_t* cr = nullptr;
-  PageDrawer drawer;
+  pdf::PdfFile file;
+  pdf::Fonts fonts;
+  PageDrawer drawer;  // its preparing half only
+  std::string path;
+  int catalog = 0, pages_root = 0, resources = 0, info = 0;
+  std::vector<int> page_objects;
+  double width = 595.28, height = 841.89;  // A4 until a page says otherwise
+  std::uint64_t laid_out = 0;
 
-  std::thread writer;
+  std::vector<std::thread> drawers;
   std::mutex mutex;
   std::condition_variable changed;
-  std::deque<QueuedPage> queue;
+  std::deque<std::unique_ptr<PageJob>> waiting;           // laid out, not drawn
+  std::map<std::uint64_t, std::unique_ptr<PageJob>> drawn;  // drawn, waiting for their turn
+  std::uint64_t next_to_write = 0;
+  std::size_t in_flight = 0;
+  bool writing = false;
   bool closing = false;
-  std::exception_ptr failure;           // the writer's, handed to the caller at its next call
-  std::vector<std::string> problems;    // the writer's, read after End
+  std::exception_ptr failure;
+  std::vector<std::string> problems;  // in page order
 
-  // Draws one page and ends it; throws RenderError on a surface error.
-  void Write(const Page& page, const PagePreparation& preparation, std::vector<std::string>& found,
-             const std::string& path) {
-    if (page.width > 0 && page.height > 0) cairo_pdf_surface_set_size(surface, page.width / 20.0, page.height / 20.0);
-    drawer.Draw(cr, page, preparation, found);
-    cairo_show_page(cr);
-    if (cairo_status(cr) != CAIRO_STATUS_SUCCESS) {
-      throw RenderError("PDF ファイル '" + path + "' に書き込めません: " + cairo_status_to_string(cairo_status(cr)));
-    }
+  static void Draw(PageJob& job, std::string& scratch) {
+    pdf::WritePageContent(job.page, job.preparation, job.fonts, job.height, scratch, job.problems);
+    pdf::Deflate(scratch, job.content);
   }
 
-  void WriterLoop(const std::string& path) {
+  // Under no lock: only one thread writes at a time.
+  void Write(const PageJob& job) {
+    const int content = file.Reserve(), page = file.Reserve();
+    file.Stream(content, "/Filter /FlateDecode", job.content);
+    std::string body = "<< /Type /Page /Parent ";
+    pdf::AppendInt(body, pages_root);
+    body += " 0 R /MediaBox [0 0 ";
+    pdf::AppendReal(body, job.width);
+    body += ' ';
+    pdf::AppendReal(body, job.height);
+    body += "] /Resources ";
+    pdf::AppendInt(body, resources);
+    body += " 0 R /Contents ";
+    pdf::AppendInt(body, content);
+    body += " 0 R >>";
+    file.Object(page, body);
+    page_objects.push_back(page);
+    problems.insert(problems.end(), job.problems.begin(), job.problems.end());
+    if (file.Failed()) throw RenderError("PDF ファイル '" + path + "' に書き込めません: " + std::strerror(errno));
+  }
+
+  // Takes a drawn page and writes every page whose turn has come.
+  void Finished(std::unique_ptr<PageJob> job) {
+    std::unique_lock lock(mutex);
+    drawn.emplace(job->sequence, std::move(job));
+    if (writing) return;
+    writing = true;
+    while (!failure) {
+      auto next = drawn.find(next_to_write);
+      if (next == drawn.end()) break;
+      std::unique_ptr<PageJob> turn = std::move(next->second);
+      drawn.erase(next);
+      lock.unlock();
+      try {
+        Write(*turn);
+      } catch (...) {
+        lock.lock();
+        failure = std::current_exception();
+        break;
+      }
+      lock.lock();
+      ++next_to_write;
+      --in_flight;
+      changed.notify_all();
+    }
+    writing = false;
+    changed.notify_all();
+  }
+
+  void DrawerLoop() {
+    std::string scratch;
     for (;;) {
-      QueuedPage next;
+      std::unique_ptr<PageJob> job;
       {
         std::unique_lock lock(mutex);
-        changed.wait(lock, [&] { return !queue.empty() || closing; });
-        if (queue.empty()) return;
-        next = std::move(queue.front());
-        queue.pop_front();
+        changed.wait(lock, [&] { return !waiting.empty() || closing; });
+        if (waiting.empty() || failure) return;
+        job = std::move(waiting.front());
+        waiting.pop_front();
       }
-      changed.notify_all();
       try {
-        Write(next.page, next.preparation, problems, path);
+        Draw(*job, scratch);
       } catch (...) {
         std::lock_guard lock(mutex);
         failure = std::current_exception();
-        queue.clear();
         changed.notify_all();
         return;
       }
+      Finished(std::move(job));
     }
   }
 
-  void StopWriter() {
-    if (!writer.joinable()) return;
+  void StopDrawers() {
     {
       std::lock_guard lock(mutex);
       closing = true;
+      waiting.clear();  // an abandoned run's pages are not drawn
     }
     changed.notify_all();
-    writer.join();
+    for (std::thread& t : drawers) t.join();
+    drawers.clear();
   }
 
-  void Close() {
-    StopWriter();
-    if (cr != nullptr) cairo_destroy(cr);
-    if (surface != nullptr) {
-      cairo_surface_finish(surface);
-      cairo_surface_destroy(surface);
-    }
-    cr = nullptr;
-    surface = nullptr;
-  }
-  ~Impl() { Close(); }
+  ~Impl() { StopDrawers(); }
 };
 
 PdfRenderer::PdfRenderer(std::string path, int threads) : path_(std::move(path)), threads_(threads) {}
@@ -121,75 +166,112 @@ PdfRenderer::PdfRenderer(std::string path, int threads) : path_(std::move(path))
 PdfRenderer::~PdfRenderer() = default;
 
 void PdfRenderer::Begin(const DocumentInfo& info) {
-  KeepPageBuffers();
   impl_ = std::make_unique<Impl>();
+  impl_->path = path_;
   pages_ = 0;
   problems_.clear();
-  // A4 until the first page says otherwise.
-  impl_->surface = cairo_pdf_surface_create(path_.c_str(), 595.28, 841.89);
-  if (cairo_surface_status(impl_->surface) != CAIRO_STATUS_SUCCESS) {
-    const std::string reason = cairo_status_to_string(cairo_surface_status(impl_->surface));
+  if (!impl_->file.Open(path_)) {
+    const std::string reason = std::strerror(errno);
     impl_.reset();
     throw RenderError("PDF ファイル '" + path_ + "' を作成できません: " + reason);
   }
+  impl_->catalog = impl_->file.Reserve();
+  impl_->pages_root = impl_->file.Reserve();
+  impl_->resources = impl_->file.Reserve();
+  impl_->info = impl_->file.Reserve();
   const std::string title = info.title.empty() ? info.report : info.title;
-  if (!title.empty()) {
-    cairo_pdf_surface_set_metadata(impl_->surface, CAIRO_PDF_METADATA_TITLE, title.c_str());
+  std::string body = "<<";
+  if (!title.empty()) body += " /Title " + pdf::TextString(title);
+  body += " /Creator (Lupin Print) /Producer (Lupin Print) >>";
+  impl_->file.Object(impl_->info, body);
+  if (threads_ >= 2) {
+    for (int n = 0; n < threads_; ++n) impl_->drawers.emplace_back([impl = impl_.get()] { impl->DrawerLoop(); });
   }
-  cairo_pdf_surface_set_metadata(impl_->surface, CAIRO_PDF_METADATA_CREATOR, "Lupin Print");
-  impl_->cr = cairo_create(impl_->surface);
-  if (threads_ >= 2) impl_->writer = std::thread([impl = impl_.get(), path = path_] { impl->WriterLoop(path); });
 }
 
 void PdfRenderer::AddPage(const Page& page) {
   if (!impl_) throw RenderError("PDF の出力が開始されていません");
-  if (!impl_->writer.joinable()) {
-    try {
-      PagePreparation preparation;
-      impl_->drawer.Prepare(page, preparation);
-      impl_->Write(page, preparation, problems_, path_);
-    } catch (const RenderError&) {
-      impl_.reset();
-      throw;
-    }
-    ++pages_;
-    return;
+  Impl& impl = *impl_;
+  auto job = std::make_unique<PageJob>();
+  job->sequence = impl.laid_out++;
+  job->page = page;
+  if (page.width > 0 && page.height > 0) {
+    impl.width = page.width / kTwipsPerPoint;
+    impl.height = page.height / kTwipsPerPoint;
   }
-  QueuedPage queued{page, {}};
-  impl_->drawer.Prepare(queued.page, queued.preparation);
+  job->width = impl.width;
+  job->height = impl.height;
+  impl.drawer.Prepare(job->page, job->preparation);
+  pdf::CollectFonts(job->preparation, impl.fonts, job->fonts);
+  try {
+    if (impl.drawers.empty()) {
+      std::string scratch;
+      Impl::Draw(*job, scratch);
+      impl.Write(*job);
+      problems_.insert(problems_.end(), impl.problems.begin(), impl.problems.end());
+      impl.problems.clear();
+      ++pages_;
+      return;
+    }
+  } catch (...) {
+    impl_.reset();
+    throw;
+  }
   std::exception_ptr failure;
   {
-    std::unique_lock lock(impl_->mutex);
-    impl_->changed.wait(lock, [&] { return impl_->queue.size() < kQueueDepth || impl_->failure; });
-    failure = impl_->failure;
-    if (!failure) impl_->queue.push_back(std::move(queued));
+    std::unique_lock lock(impl.mutex);
+    impl.changed.wait(lock, [&] { return impl.in_flight < kPagesInFlight || impl.failure; });
+    failure = impl.failure;
+    if (!failure) {
+      impl.waiting.push_back(std::move(job));
+      ++impl.in_flight;
+    }
   }
   if (failure) {
     impl_.reset();
     std::rethrow_exception(failure);
   }
-  impl_->changed.notify_all();
+  impl.changed.notify_all();
   ++pages_;
 }
 
 void PdfRenderer::End() {
   if (!impl_) return;
-  impl_->StopWriter();
-  if (impl_->failure) {
-    const std::exception_ptr failure = impl_->failure;
+  Impl& impl = *impl_;
+  std::exception_ptr failure;
+  {
+    std::unique_lock lock(impl.mutex);
+    impl.changed.wait(lock, [&] { return impl.in_flight == 0 || impl.failure; });
+    failure = impl.failure;
+  }
+  impl.StopDrawers();
+  if (failure) {
     impl_.reset();
     std::rethrow_exception(failure);
   }
-  problems_.insert(problems_.end(), impl_->problems.begin(), impl_->problems.end());
-  cairo_destroy(impl_->cr);
-  impl_->cr = nullptr;
-  cairo_surface_finish(impl_->surface);
-  const cairo_status_t status = cairo_surface_status(impl_->surface);
-  impl_.reset();
-  if (status != CAIRO_STATUS_SUCCESS) {
-    throw RenderError("PDF ファイル '" + path_ + "' に書き込めません: " +
-                      cairo_status_to_string(status));
+  problems_.insert(problems_.end(), impl.problems.begin(), impl.problems.end());
+
+  const std::string font_entries = impl.fonts.Embed(impl.file);
+  std::string body = "<< /Font << " + font_entries + ">> /ProcSet [/PDF /Text] >>";
+  impl.file.Object(impl.resources, body);
+  body = "<< /Type /Pages /Count ";
+  pdf::AppendInt(body, static_cast<std::int64_t>(impl.page_objects.size()));
+  body += " /Kids [";
+  for (std::size_t i = 0; i < impl.page_objects.size(); ++i) {
+    if (i > 0) body += ' ';
+    pdf::AppendInt(body, impl.page_objects[i]);
+    body += " 0 R";
   }
+  body += "] >>";
+  impl.file.Object(impl.pages_root, body);
+  body = "<< /Type /Catalog /Pages ";
+  pdf::AppendInt(body, impl.pages_root);
+  body += " 0 R >>";
+  impl.file.Object(impl.catalog, body);
+  const bool written = impl.file.Finish(impl.catalog, impl.info);
+  const std::string reason = std::strerror(errno);
+  impl_.reset();
+  if (!written) throw RenderError("PDF ファイル '" + path_ + "' に書き込めません: " + reason);
 }
 
 }  // namespace lupin::engine

@@ -1,7 +1,8 @@
 #pragma once
 // PDF output: each page is written to the file as it arrives, so memory stays flat however long
-// the run. Fonts are embedded as subsets; text stays extractable. With two threads the cairo calls
-// of a page run on a writer thread while the caller lays out the next; the file is the same.
+// the run. Fonts are embedded as subsets at the end; text stays extractable. With two threads the
+// pages are drawn and compressed on two threads while the caller lays out the next ones, and
+// written in their order: the file is the same byte for byte.
 #include <memory>
 #include <string>
 #include <vector>
@@ -10,7 +11,7 @@
 
 namespace lupin::engine {
 
-// Two when the machine has two cores; LUPIN_RENDER_THREADS=1 forces one.
+// Drawing threads: two when the machine has two cores; LUPIN_RENDER_THREADS=1 draws on the caller's.
 int DefaultRenderThreads();
 
 class PdfRenderer : public PageSink {

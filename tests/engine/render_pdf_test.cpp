@@ -1,11 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <string>
 
 #include "engine/render_error.h"
+#include "engine/pdf_syntax.h"
 #include "engine/render_pdf.h"
+#include "engine/render_png.h"
 #include "render_test_pages.h"
 
 namespace lupin::engine {
@@ -65,13 +70,13 @@ TEST_F(PdfOutput, ValidFileWithJapaneseTextPageSizesAndEachFontEmbeddedOnce) {
     const std::string line = "Page    " + std::to_string(i + 2) + " size:  " + sizes[i].points;
     EXPECT_NE(info.find(line), std::string::npos) << line << "\n" << info;
   }
-  // pdffonts lists a face once per embedding; Latin letters go to a separate simple font.
+  // pdffonts lists a face once per embedding, Latin letters included.
   for (const char* face : {"IPAMincho", "IPAPGothic"})
     EXPECT_EQ(RunCommand("pdffonts '" + path_ + "' | grep CID | grep -c " + face).output, "1\n") << face;
 }
 
-// The writer thread makes the same cairo calls in the same order: the file is the same, byte for
-// byte, but for its creation time. Pages mix texts that repeat and change, shapes and bar codes.
+// Pages drawn on two threads are written in order and fonts numbered as the layout met them: the
+// file is the same, byte for byte. Pages mix texts that repeat and change, shapes and bar codes.
 TEST_F(PdfOutput, TwoThreadsWriteTheFileOneThreadWrites) {
   const auto render = [](const std::string& path, int threads) {
     PdfRenderer renderer(path, threads);
@@ -98,6 +103,98 @@ TEST_F(PdfOutput, TwoThreadsWriteTheFileOneThreadWrites) {
   EXPECT_TRUE(one.first == two.first) << "the two files differ";
   EXPECT_EQ(one.second, 17u) << "every seventh page's bar code cannot be drawn";
   EXPECT_EQ(two.second, one.second);
+}
+
+// The PDF, rasterised by a reader, shows what the preview's raster shows: text in its place,
+// weight and alignment, every kind of shape, lines, colours and a customer bar code.
+TEST_F(PdfOutput, ReaderShowsWhatThePreviewDraws) {
+  Page page = A4Page();
+  page.items.push_back(Label("lblLeft", "納品書 ご請求額 ¥12,345", 600, 600, 6000, 400, "ＭＳ 明朝", 14));
+  page.items.push_back(Label("lblBold", "ルパン堂 本店", 600, 1200, 6000, 400, "ＭＳ ゴシック", 14));
+  page.items.back().font.bold = true;
+  page.items.push_back(Label("lblRight", "13,292", 600, 1800, 6000, 400, "ＭＳ 明朝", 12));
+  page.items.back().alignment = Alignment::Right;
+  page.items.push_back(Label("lblCentre", "お届け先", 600, 2400, 6000, 400, "ＭＳ Ｐゴシック", 12));
+  page.items.back().alignment = Alignment::Center;
+  page.items.back().font.underline = true;
+  page.items.push_back(Label("lblWrap", "東京都渋谷区神宮前三丁目十二番八号 ルパンビル二階 総務部 御中", 600, 3000, 3000, 900, "ＭＳ 明朝", 11));
+  page.items.push_back(Label("lblBack", "白抜き", 7000, 600, 3000, 500, "ＭＳ ゴシック", 14));
+  page.items.back().back_color = 0x000000;
+  page.items.back().fore_color = 0xFFFFFF;
+  const ShapeKind shapes[] = {ShapeKind::Rectangle, ShapeKind::Ellipse, ShapeKind::RoundRectangle};
+  for (int i = 0; i < 3; ++i) {
+    page.items.push_back(test::Item(ItemKind::Shape, 600 + i * 3400, 4500, 3000, 2000));
+    page.items.back().shape = shapes[i];
+    if (i == 2) page.items.back().back_color = 0x808080;
+  }
+  page.items.push_back(test::Item(ItemKind::Line, 600, 7000, 9000, 1500));
+  page.items.push_back(test::Item(ItemKind::Barcode, 600, 9000, 4233, 184));
+  page.items.back().text = "1500001-3-12-8";
+  page.items.back().barcode_style = "JapanPost";
+
+  constexpr double kDpi = 100;
+  std::vector<std::string> problems;
+  PageRasterizer rasterizer;
+  const RasterImage preview = rasterizer.Render(page, kDpi, problems);
+  PdfRenderer renderer(path_);
+  renderer.Begin({"rptTest", "試験"});
+  renderer.AddPage(page);
+  renderer.End();
+  ASSERT_TRUE(problems.empty() && renderer.Problems().empty());
+  const std::string raster = (folder_.Path() / "page").string();
+  ASSERT_EQ(RunCommand("pdftoppm -r 100 -gray -singlefile '" + path_ + "' '" + raster + "'").status, 0);
+  const std::string pgm = lupin::testing::ReadBytes(raster + ".pgm");
+  int width = 0, height = 0, offset = 0;
+  ASSERT_EQ(std::sscanf(pgm.c_str(), "P5 %d %d 255%n", &width, &height, &offset), 2) << pgm.substr(0, 20);
+  const std::size_t start = static_cast<std::size_t>(offset) + 1;
+  ASSERT_EQ(pgm.size(), start + static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+  // The reader rounds the page's pixel size up, the preview to the nearest.
+  ASSERT_LE(std::abs(width - preview.width) + std::abs(height - preview.height), 2);
+  // Compared in blocks of 3 × 3 pixels: anti-aliasing differs along every edge, a shifted or
+  // missing item in whole blocks.
+  constexpr int kBlock = 3;
+  std::size_t ink = 0, differing = 0;
+  for (int by = 0; by + kBlock <= std::min(height, preview.height); by += kBlock) {
+    for (int bx = 0; bx + kBlock <= std::min(width, preview.width); bx += kBlock) {
+      int drawn = 0, read = 0;
+      for (int y = by; y < by + kBlock; ++y) {
+        for (int x = bx; x < bx + kBlock; ++x) {
+          const std::uint32_t argb = preview.At(x, y);
+          drawn += static_cast<int>((((argb >> 16) & 0xff) * 299 + ((argb >> 8) & 0xff) * 587 + (argb & 0xff) * 114) / 1000);
+          read += static_cast<unsigned char>(pgm[start + static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)]);
+        }
+      }
+      if (drawn < 128 * kBlock * kBlock) ++ink;
+      if (std::abs(drawn - read) > 96 * kBlock * kBlock) ++differing;
+    }
+  }
+  EXPECT_GT(ink, 1000u);
+  EXPECT_LT(differing, ink / 50) << differing << " of " << ink << " inked blocks differ";
+  // A thickened outline is too fine for the blocks: the bold label's ink is counted on its own.
+  int preview_ink = 0, read_ink = 0;
+  for (int y = 1200 * 100 / 1440; y < 1600 * 100 / 1440; ++y) {
+    for (int x = 600 * 100 / 1440; x < 6600 * 100 / 1440; ++x) {
+      if ((preview.At(x, y) & 0xff) < 128) ++preview_ink;
+      if (static_cast<unsigned char>(pgm[start + static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)]) < 128) ++read_ink;
+    }
+  }
+  EXPECT_NEAR(read_ink, preview_ink, preview_ink / 10) << "bold text";
+}
+TEST(PdfSyntax, NumbersTextStringsAndNames) {
+  const std::pair<double, const char*> reals[] = {{0, "0"}, {-0.0001, "0"}, {12.5, "12.5"}, {-3.25, "-3.25"},
+                                                  {0.0005, "0.001"}, {595.2756, "595.276"}, {1e300, "1000000000000"},
+                                                  {std::nan(""), "0"}, {-841.8898, "-841.89"}};
+  for (const auto& [value, expected] : reals) {
+    std::string out;
+    pdf::AppendReal(out, value);
+    EXPECT_EQ(out, expected) << value;
+  }
+  std::string hex;
+  pdf::AppendHex4(hex, 0x1F2A);
+  EXPECT_EQ(hex, "1F2A");
+  EXPECT_EQ(pdf::TextString("納A\xF0\x9F\x98\x80"), "<FEFF7D0D0041D83DDE00>");
+  EXPECT_EQ(pdf::TextString("\xE7\xB4"), "<FEFFFFFDFFFD>");  // a cut sequence
+  EXPECT_EQ(pdf::Name("IPA Mincho(1)#"), "/IPA#20Mincho#281#29#23");
 }
 
 TEST(PdfRendererErrors, UnwritablePathEndsTheJob) {

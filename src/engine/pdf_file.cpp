@@ -1,0 +1,100 @@
+#include "engine/pdf_file.h"
+
+#include <zlib.h>
+
+#include <new>
+
+#include "engine/pdf_syntax.h"
+
+namespace lupin::engine::pdf {
+
+namespace {
+constexpr std::size_t kBufferBytes = 1 << 20;
+}
+
+void Deflate(std::string_view data, std::string& out) {
+  uLongf size = compressBound(static_cast<uLong>(data.size()));
+  out.resize(size);
+  const int status = compress2(reinterpret_cast<Bytef*>(out.data()), &size, reinterpret_cast<const Bytef*>(data.data()),
+                               static_cast<uLong>(data.size()), Z_DEFAULT_COMPRESSION);
+  if (status != Z_OK) throw std::bad_alloc();  // the only failure with a bound-sized buffer
+  out.resize(size);
+}
+
+PdfFile::~PdfFile() {
+  if (file_ != nullptr) std::fclose(file_);
+}
+
+bool PdfFile::Open(const std::string& path) {
+  file_ = std::fopen(path.c_str(), "wb");
+  if (file_ == nullptr) return false;
+  buffer_.resize(kBufferBytes);
+  std::setvbuf(file_, buffer_.data(), _IOFBF, buffer_.size());
+  // The second line's high bytes tell transfer programs the file is binary.
+  Write("%PDF-1.5\n%\xE2\xE3\xCF\xD3\n");
+  return !failed_;
+}
+
+int PdfFile::Reserve() {
+  offsets_.push_back(0);
+  return static_cast<int>(offsets_.size() - 1);
+}
+
+void PdfFile::Write(std::string_view bytes) {
+  if (failed_ || file_ == nullptr) return;
+  if (std::fwrite(bytes.data(), 1, bytes.size(), file_) != bytes.size()) failed_ = true;
+  offset_ += bytes.size();
+}
+
+void PdfFile::Start(int number) {
+  offsets_[static_cast<std::size_t>(number)] = offset_;
+  scratch_.clear();
+  AppendInt(scratch_, number);
+  scratch_ += " 0 obj\n";
+  Write(scratch_);
+}
+
+void PdfFile::Object(int number, std::string_view body) {
+  Start(number);
+  Write(body);
+  Write("\nendobj\n");
+}
+
+void PdfFile::Stream(int number, std::string_view dictionary, std::string_view data) {
+  Start(number);
+  scratch_ = "<< /Length ";
+  AppendInt(scratch_, static_cast<std::int64_t>(data.size()));
+  scratch_ += ' ';
+  scratch_ += dictionary;
+  scratch_ += " >>\nstream\n";
+  Write(scratch_);
+  Write(data);
+  Write("\nendstream\nendobj\n");
+}
+
+bool PdfFile::Finish(int root, int info) {
+  const std::uint64_t xref = offset_;
+  std::string table = "xref\n0 ";
+  AppendInt(table, static_cast<std::int64_t>(offsets_.size()));
+  table += "\n0000000000 65535 f \n";
+  for (std::size_t n = 1; n < offsets_.size(); ++n) {
+    char entry[21];
+    std::snprintf(entry, sizeof entry, "%010llu 00000 n \n", static_cast<unsigned long long>(offsets_[n]));
+    table.append(entry, 20);
+  }
+  table += "trailer\n<< /Size ";
+  AppendInt(table, static_cast<std::int64_t>(offsets_.size()));
+  table += " /Root ";
+  AppendInt(table, root);
+  table += " 0 R /Info ";
+  AppendInt(table, info);
+  table += " 0 R >>\nstartxref\n";
+  AppendInt(table, static_cast<std::int64_t>(xref));
+  table += "\n%%EOF\n";
+  Write(table);
+  if (file_ != nullptr && std::fclose(file_) != 0) failed_ = true;
+  file_ = nullptr;
+  return !failed_;
+}
+
+}  // namespace lupin::engine::pdf

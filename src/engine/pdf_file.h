@@ -1,0 +1,46 @@
+#pragma once
+// Engine-internal: a PDF file written front to back, object by object, with its cross-reference
+// table at the end. Object numbers are handed out on request, so an object may be referred to
+// before it is written.
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lupin::engine::pdf {
+
+// data compressed for a /FlateDecode stream into out (replaced); safe on any thread.
+void Deflate(std::string_view data, std::string& out);
+
+class PdfFile {
+ public:
+  PdfFile() = default;
+  ~PdfFile();
+  PdfFile(const PdfFile&) = delete;
+  PdfFile& operator=(const PdfFile&) = delete;
+
+  // Creates the file and writes the header; false when it cannot be created.
+  bool Open(const std::string& path);
+  int Reserve();
+  // "n 0 obj" … "endobj" around body.
+  void Object(int number, std::string_view body);
+  // A stream object; dictionary holds the entries besides /Length.
+  void Stream(int number, std::string_view dictionary, std::string_view data);
+  // The cross-reference table and trailer, then closes the file; false when any write failed.
+  bool Finish(int root, int info);
+  bool Failed() const { return failed_; }
+
+ private:
+  void Write(std::string_view bytes);
+  void Start(int number);
+
+  std::FILE* file_ = nullptr;
+  std::vector<char> buffer_;
+  std::uint64_t offset_ = 0;
+  std::vector<std::uint64_t> offsets_{0};  // by object number; 0 is the free list's head
+  std::string scratch_;
+  bool failed_ = false;
+};
+
+}  // namespace lupin::engine::pdf
