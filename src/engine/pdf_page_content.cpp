@@ -15,8 +15,6 @@ constexpr double kTwipsPerPoint = 20.0;
 // A glyph further than this from where the previous one left the pen gets an explicit move;
 // a hundredth of a point is far below what any printer resolves.
 constexpr double kPenTolerance = 0.01;
-// 4/3·tan(π/8): the control distance of a cubic that draws a quarter circle.
-constexpr double kQuarterArc = 0.5522847498307936;
 
 struct Box {
   double x, y, w, h;
