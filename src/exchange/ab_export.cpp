@@ -1,9 +1,11 @@
 #include "exchange/ab_export.h"
 
 #include <fstream>
+#include <limits>
 
 #include "common/text.h"
 #include "common/vb.h"
+#include "exchange/checked_order_fetch.h"
 #include "exchange/csv_line.h"
 #include "exchange/deferred_payment_values.h"
 #include "exchange/field_text.h"
@@ -79,9 +81,20 @@ void clsABSyukka::Output(std::string& out) const {
       .End();
 }
 
-void ABUriageExport::Begin(entry::Context& context, entry::Ui&, const common::Grid&) {
+void ABUriageExport::Begin(entry::Context& context, entry::Ui&, const common::Grid& grid) {
   context_ = &context;
   site_ids_ = ReadSiteIds(context.home / "siteid.txt");
+  std::vector<std::int32_t> ids;
+  for (const std::int64_t id : CheckedWholeNumberIds(grid))
+    if (id <= std::numeric_limits<std::int32_t>::max()) ids.push_back(static_cast<std::int32_t>(id));
+  tax_run_ = std::make_unique<money::TaxSummaryRun>(context.settings, context.Db(), context.dialect);
+  tax_run_->SetOrders(ids);
+}
+
+std::int32_t ABUriageExport::OrderTax(db::Connection& db, std::int32_t id) {
+  if (const money::TaxSummaryRow* row = tax_run_ ? tax_run_->Row(id) : nullptr)
+    return vb::CLng(row->zeikin[0].Number() + row->zeikin[1].Number() + row->zeikin[2].Number());
+  return GetOrderTax(*context_, db, id);
 }
 
 RowFailure ABUriageExport::Line(const CheckedOrder& o, db::Connection& db, std::string& out) {
@@ -113,7 +126,7 @@ RowFailure ABUriageExport::Line(const CheckedOrder& o, db::Connection& db, std::
     row.Output(out);
   };
   ForEachItemSlot(o.order, [&](const BilledItem& item) { put(item.name, item.unit_price, item.quantity); });
-  const std::int32_t tax = GetOrderTax(*context_, db, row.id);
+  const std::int32_t tax = OrderTax(db, row.id);
   if (tax != 0) put("消費税", tax, 1);
   const double points = o.order["ポイント利用"].Number();
   if (points != 0) put("ポイント利用分", -points, 1);

@@ -4,10 +4,12 @@
 // file takes the order's tax from CHUMON_T and computes that row when it is missing.
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "exchange/np_export.h"
+#include "money/tax_summary_run.h"
 
 namespace lupin::exchange {
 
@@ -53,8 +55,12 @@ class ABUriageExport final : public DeferredPaymentExport {
   RowFailure Line(const CheckedOrder& order, db::Connection& db, std::string& out) override;
 
  private:
+  // GetOrderTax for the checked orders, their CHUMON_T rows read a batch at a time.
+  std::int32_t OrderTax(db::Connection& db, std::int32_t id);
+
   entry::Context* context_ = nullptr;
   std::vector<std::string> site_ids_;
+  std::unique_ptr<money::TaxSummaryRun> tax_run_;
 };
 
 class ABSyukkaExport final : public DeferredPaymentExport {

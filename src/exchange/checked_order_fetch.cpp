@@ -18,6 +18,15 @@ std::optional<std::int64_t> WholeNumber(const std::string& text) {
 
 }  // namespace
 
+std::vector<std::int64_t> CheckedWholeNumberIds(const common::Grid& grid) {
+  std::vector<std::int64_t> ids;
+  for (int row = 1; row <= grid.MaxRows(); ++row) {
+    if (grid.Text(row, 1) != "1") continue;
+    if (const auto id = WholeNumber(grid.Text(row, 2))) ids.push_back(*id);
+  }
+  return ids;
+}
+
 void CheckedOrderFetch::ReadAhead(int from_row) {
   std::string ids;
   int count = 0;

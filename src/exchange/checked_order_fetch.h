@@ -4,11 +4,15 @@
 #include <cstdint>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "common/grid.h"
 #include "db/connection.h"
 
 namespace lupin::exchange {
+
+// The whole-number ids of the checked rows, in grid order: the orders read ahead in batches.
+std::vector<std::int64_t> CheckedWholeNumberIds(const common::Grid& grid);
 
 class CheckedOrderFetch {
  public:

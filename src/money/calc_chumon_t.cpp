@@ -62,22 +62,51 @@ void clsCalcChumonT::PrepareRun() {
 }
 
 void clsCalcChumonT::Prefetch(std::int32_t first, std::int32_t last) {
+  PrefetchWhere("[CHUMON].[ID] >= " + std::to_string(first) + " AND [CHUMON].[ID] <= " + std::to_string(last));
+}
+
+void clsCalcChumonT::Prefetch(const std::vector<std::int32_t>& ids) {
+  if (ids.empty()) {
+    prefetched_.clear();
+    return;
+  }
+  // Whole numbers only, so the list needs no quoting.
+  std::string list;
+  for (const std::int32_t id : ids) list.append(list.empty() ? "" : ",").append(std::to_string(id));
+  PrefetchWhere("[CHUMON].[ID] IN (" + list + ")");
+}
+
+std::optional<vb::DateSerial> clsCalcChumonT::PrefetchedTaxDate(std::int32_t id) const {
+  const auto found = prefetched_.find(id);
+  if (found == prefetched_.end()) return std::nullopt;
+  return TaxDateOf(found->second);
+}
+
+void clsCalcChumonT::PrefetchWhere(const std::string& condition) {
   if (connection_ == nullptr) throw db::DbError("clsCalcChumonT: SetDb が呼ばれていません。");
   prefetched_.clear();
-  db::Recordset rs = connection_->Open(
-      "SELECT [CHUMON].[ID]," + OrderColumns() + " WHERE [CHUMON].[ID] >= " + std::to_string(first) +
-      " AND [CHUMON].[ID] <= " + std::to_string(last) + " ORDER BY [CHUMON].[ID],[CHUMON_D].[ITEM_NO]");
-  OrderRows* order = nullptr;
-  std::int32_t current = 0;
+  db::Recordset rs = connection_->Open("SELECT [CHUMON].[ID]," + OrderColumns() + " WHERE " + condition +
+                                       " ORDER BY [CHUMON].[ID],[CHUMON_D].[ITEM_NO]");
+  std::unordered_map<std::int32_t, OrderRows> orders;
+  std::optional<std::int32_t> current;
+  OrderRows* order = nullptr;  // null while the current order cannot be read
   for (; !rs.Eof(); rs.MoveNext()) {
     const auto id = static_cast<std::int32_t>(rs["ID"].Long());
-    if (order == nullptr || id != current) {
-      current = id;
-      order = &prefetched_[id];
-      *order = {rs["受注日"].Text(), rs["出荷予定日"].Text(), rs["出荷日"].Text(), rs["請求日"].Text(), ReadCharges(rs), {}};
+    const bool next = id != current;
+    current = id;
+    try {
+      if (next) {
+        order = &(orders[id] = {rs["受注日"].Text(), rs["出荷予定日"].Text(), rs["出荷日"].Text(), rs["請求日"].Text(),
+                                ReadCharges(rs), {}});
+      }
+      if (order != nullptr) order->lines.push_back(ReadLine(rs));
+    } catch (const vb::OverflowError&) {
+      // A value out of range: the order is not held, so its Calc reads it and fails on its own.
+      orders.erase(id);
+      order = nullptr;
     }
-    order->lines.push_back(ReadLine(rs));
   }
+  prefetched_ = std::move(orders);
 }
 
 vb::DateSerial clsCalcChumonT::TaxDateOf(const OrderRows& order) const {

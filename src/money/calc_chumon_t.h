@@ -40,7 +40,16 @@ class clsCalcChumonT {
   // of each of them uses those rows once instead of its own query. An ID with no order is not
   // held, and its Calc asks the database as always.
   void Prefetch(std::int32_t first, std::int32_t last);
+  // The same for the orders of a list, when a range would read many orders outside it. No
+  // statement for an empty list.
+  void Prefetch(const std::vector<std::int32_t>& ids);
   bool IsPrefetched(std::int32_t id) const { return prefetched_.contains(id); }
+  // The date whose rates the next Calc of a prefetched order takes; none for an order not held.
+  std::optional<vb::DateSerial> PrefetchedTaxDate(std::int32_t id) const;
+
+  // The next Calc starts from no rates, as on a new object: an order dated before every TAX
+  // generation then gets none rather than the previous order's.
+  void ForgetRates() { zei_info_.ForgetRates(); }
 
   // Calculates the order and rewrites its CHUMON_T row (delete, then insert; in a transaction of
   // their own unless the caller has one open).
@@ -67,6 +76,7 @@ class clsCalcChumonT {
     OrderCharges charges;
     std::vector<OrderTaxLine> lines;
   };
+  void PrefetchWhere(const std::string& condition);
   vb::DateSerial TaxDateOf(const OrderRows& order) const;
   void Apply(const OrderCharges& charges, const std::vector<OrderTaxLine>& lines);
   void RewriteChumonT();

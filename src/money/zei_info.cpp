@@ -101,6 +101,12 @@ void clsZeiInfo::GetData() {
   old_rates_ = generation.old_rates;
 }
 
+void clsZeiInfo::ForgetRates() {
+  kinds_ = {0};
+  rates_ = {vb::Currency{}};
+  old_rates_ = {vb::Currency{}};
+}
+
 int clsZeiInfo::FindKind(std::int16_t kind) const {
   for (std::size_t i = 0; i < kinds_.size(); ++i) {
     if (kinds_[i] == kind) return static_cast<int>(i);

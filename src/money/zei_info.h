@@ -38,6 +38,10 @@ class clsZeiInfo {
   // database. SetDb drops what was read.
   void PreloadGenerations();
 
+  // Back to the rates of a new object (none), so the next date without a generation finds none
+  // instead of the previous date's.
+  void ForgetRates();
+
   bool IsExistReduced() const;
   vb::DateSerial ReducedStartDate() const { return reduced_start_date_; }
   vb::Currency NormalRate() const;     // first row of kind 0, else 0

@@ -222,6 +222,13 @@ TEST_P(CalcChumonTTest, PrefetchedRunWritesTheSameChumonT) {
   }
   EXPECT_EQ(chumon_t(), expected);
 
+  // A list holds only its orders, with the date their rates come from.
+  calc.Prefetch(std::vector<std::int32_t>{14, 12});
+  EXPECT_TRUE(calc.IsPrefetched(12) && calc.IsPrefetched(14));
+  EXPECT_FALSE(calc.IsPrefetched(13));
+  EXPECT_EQ(calc.PrefetchedTaxDate(14), vb::CDate("2015/01/10"));
+  EXPECT_EQ(calc.PrefetchedTaxDate(13), std::nullopt);
+
   // One order as `tax --id` runs it; a prefetched row serves once, and an ID without an order
   // still fails as before.
   trips = Db().RoundTrips();

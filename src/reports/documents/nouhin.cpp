@@ -59,7 +59,11 @@ NouhinReport::NouhinReport(entry::Context& context, std::string_view designer_na
   Detail().Format = [this] { Detail_Format(); };
 }
 
-NouhinQueryCounts NouhinReport::Counts() const { return counts_; }
+NouhinQueryCounts NouhinReport::Counts() const {
+  NouhinQueryCounts counts = counts_;
+  if (tax_run_) counts.summaries += tax_run_->Reads();
+  return counts;
+}
 
 std::string NouhinReport::Block(int ord) const {
   const int d = context_.dialect;
@@ -122,6 +126,7 @@ void NouhinReport::ActiveReport_DataInitialize() {
   reduced_by_date_.clear();
   flags_id_.clear();
   summary_id_.clear();
+  tax_run_.reset();
   counts_ = {};
   old_arithmetic_ = context_.command.find("-nohinoldver") != std::string::npos;
 
@@ -460,8 +465,34 @@ const std::array<bool, kNouhinMaxLines>& NouhinReport::ReducedFlags(const std::s
   return flags_;
 }
 
+money::TaxSummaryRun& NouhinReport::TaxRun() {
+  if (tax_run_) return *tax_run_;
+  // Only orders whose date has the reduced rate are asked for, so only those are calculated ahead.
+  tax_run_ = std::make_unique<money::TaxSummaryRun>(context_.settings, context_.Db(), 0,
+                                                    [this](vb::DateSerial date) { return ReducedRateApplies(date); });
+  // The orders the run prints: those of its first forms, in the order of the run.
+  ++counts_.summaries;
+  std::vector<std::int32_t> ids;
+  for (db::Recordset rs = context_.Db().Open(
+           "SELECT [WK_PRINT].[ID] FROM [WK_PRINT], [CHUMON], [SHOP] WHERE [WK_PRINT].[ID] = [CHUMON].[ID]"
+           " AND [CHUMON].[ショップID] = [SHOP].[SHOP_ID]" + WorkstationRestriction() + " ORDER BY [WK_PRINT].[ID]");
+       !rs.Eof(); rs.MoveNext())
+    ids.push_back(static_cast<std::int32_t>(rs["ID"].Long()));
+  tax_run_->SetOrders(ids);
+  return *tax_run_;
+}
+
 const RateSummary& NouhinReport::Summary(const std::string& id) {
   if (summary_id_ == id) return summary_;
+  if (const money::TaxSummaryRow* row = TaxRun().Row(static_cast<std::int32_t>(vb::Val(id)))) {
+    for (std::size_t s = 0; s < 3; ++s) {
+      summary_.rate[s] = row->rate[s].Text();
+      summary_.komikin[s] = static_cast<std::int32_t>(vb::Val(row->komikin[s].Text()));
+      summary_.zeikin[s] = static_cast<std::int32_t>(vb::Val(row->zeikin[s].Text()));
+    }
+    summary_id_ = id;
+    return summary_;
+  }
   ++counts_.summaries;
   db::Recordset row = context_.Db().Open(
       "SELECT [ZEIRATE1],[ZEIRATE1KIN],[ZEIRATE1ZEI],[ZEIRATE2],[ZEIRATE2KIN],[ZEIRATE2ZEI],[ZEIRATE3],[ZEIRATE3KIN],"

@@ -15,6 +15,7 @@
 #include "engine/text_measure.h"
 #include "layout/form_fill.h"
 #include "layout/report_frame.h"
+#include "money/tax_summary_run.h"
 #include "money/zei_info.h"
 #include "reports/slips/insert_crlf.h"
 
@@ -72,6 +73,7 @@ class NouhinReport : public layout::ReportFrame {
   std::string Unit(const std::string& item, const std::string& shop);
   const std::array<bool, kNouhinMaxLines>& ReducedFlags(const std::string& id);
   const RateSummary& Summary(const std::string& id);
+  money::TaxSummaryRun& TaxRun();
   bool ReducedRateApplies(vb::DateSerial date);
 
   engine::TextMeasurer& measurer_;
@@ -89,6 +91,8 @@ class NouhinReport : public layout::ReportFrame {
   std::string flags_id_, summary_id_;
   std::array<bool, kNouhinMaxLines> flags_{};
   RateSummary summary_;
+  // The CHUMON_T rows of the run's orders, read (and, when missing, calculated) a batch at a time.
+  std::unique_ptr<money::TaxSummaryRun> tax_run_;
   NouhinQueryCounts counts_;
 };
 
