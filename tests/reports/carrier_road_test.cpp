@@ -14,22 +14,23 @@
 #include "demo/demo_data.h"
 #include "run/headless_run.h"
 #include "run/preview_runner_engine.h"
-#include "slip_fixture.h"
+#include "report_fixture.h"
 
 namespace lupin::reports::testing {
 namespace {
 
-class CarrierRoad : public SlipDb {
+class CarrierRoad : public ReportDb {
  protected:
   // Orders 7003, 7001, 7002 written in that order, their names telling them apart.
   void InsertOrders(const std::string& carrier) {
     ClearOrders();
     for (const int id : {7003, 7001, 7002}) {
-      SlipOrder order;
+      Order order = SlipOrder();
       order.id = id;
       order.name = "顧客 " + std::to_string(id);
       order.carrier = carrier;
-      InsertOrder(order, false);
+      order.staged = false;
+      Insert(order);
     }
   }
 
@@ -87,7 +88,7 @@ class CarrierRoad : public SlipDb {
   }
 
   void SetUp() override {
-    SlipDb::SetUp();
+    ReportDb::SetUp();
     demo::FillCatalogue(Db());
     settings::Settings settings(settings::StorePaths::InFolder(home_ / "settings"));
     // Date literals between quotes, which both engines read.

@@ -17,29 +17,31 @@
 #include "run/preview_runner_engine.h"
 #include "run/print_form.h"
 #include "run/select_form.h"
-#include "slip_fixture.h"
+#include "report_fixture.h"
 
 namespace lupin::reports::testing {
 namespace {
 
 constexpr int kYamatoIds[] = {3001, 3002, 3003};
 
-class YamatoRoad : public SlipDb {
+class YamatoRoad : public ReportDb {
  protected:
   void SetUp() override {
-    SlipDb::SetUp();
+    ReportDb::SetUp();
     demo::FillCatalogue(Db());
     for (const int id : kYamatoIds) {
-      SlipOrder order;
+      Order order = SlipOrder();
       order.id = id;
       order.name = "顧客 " + std::to_string(id);
       order.time_band = "14-16";
-      InsertOrder(order, false);
+      order.staged = false;
+      Insert(order);
     }
-    SlipOrder sagawa;
+    Order sagawa = SlipOrder();
     sagawa.id = 3004;
     sagawa.carrier = "佐川急便";
-    InsertOrder(sagawa, false);
+    sagawa.staged = false;
+    Insert(sagawa);
   }
 
   // id → 出荷伝票番号
@@ -68,7 +70,7 @@ class YamatoRoad : public SlipDb {
 };
 
 TEST_P(YamatoRoad, SelectListStagePreviewPrintTwice) {
-  auto context = MakeContext(25);
+  auto context = SlipContext(25);
   entry::RecordingUi ui;
   run::SelectForm select(*context, ui);
   select.Form_Load();

@@ -1,0 +1,311 @@
+#include "report_fixture.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "common/sql.h"
+#include "common/text.h"
+#include "engine/display.h"
+#include "engine/json_dump.h"
+#include "engine/render_png.h"
+#include "entry/catalogue.h"
+#include "entry/schema.h"
+#include "layout/format_parser.h"
+#include "layout/report_frame.h"
+#include "run/preview_runner_engine.h"
+#include "support/golden_files.h"
+
+namespace lupin::reports::testing {
+
+namespace {
+
+std::string Q(const std::string& text) { return "'" + sql::SqlQuote(text) + "'"; }
+
+std::string N(double value) {
+  std::ostringstream out;
+  out << value;
+  return out.str();
+}
+
+std::string Digits(const std::string& text) {
+  std::string digits;
+  for (const char c : text)
+    if (c >= '0' && c <= '9') digits += c;
+  return digits;
+}
+
+}  // namespace
+
+int Order::Goods() const {
+  int goods = 0;
+  for (const auto& line : lines) goods += line.Amount();
+  return goods;
+}
+
+Order DocumentOrder(int id, std::vector<OrderLine> lines) {
+  Order o;
+  o.id = id;
+  o.customer = id % 100 + 500;
+  o.lines = std::move(lines);
+  o.ordered = "2024/05/30";
+  o.planned = "2024/06/02";
+  o.shipped = o.bill_date = "2024/06/03";
+  o.address = "東京都千代田区千代田1-1\r\n見本ビル3階";
+  o.bill_name = o.name;
+  o.bill_postcode = o.postcode;
+  o.bill_address = "東京都千代田区千代田1-1";
+  o.bill_tel = o.tel;
+  o.opinion.clear();
+  o.tax.reset();
+  o.shop_name = "ルパン堂 本店";
+  o.shop_postcode = "150-0001";
+  o.shop_address = "東京都渋谷区神宮前1-2-3\r\nルパンビル5F";
+  o.shop_tel = "03-9876-5432";
+  return o;
+}
+
+std::vector<OrderLine> Lines(int count) {
+  std::vector<OrderLine> lines;
+  for (int n = 1; n <= count; ++n) {
+    const bool tea = n % 2 == 1;
+    OrderLine line{tea ? "A-100" : "B-200", (tea ? "緑茶 極上 100g " : "湯呑 有田焼 ") + std::to_string(n), 1000 + n * 10,
+                   static_cast<double>(n % 3 + 1)};
+    line.item_tax = 0;
+    line.color = n % 3 == 0 ? "白" : "";
+    line.size = n % 4 == 0 ? "L" : "";
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+Order SlipOrder(int id) {
+  Order o;
+  o.id = id;
+  o.lines = SlipGoods({{"緑茶 極上 100g", 2}});
+  o.company.clear();
+  o.department.clear();
+  o.planned = o.shipped = "2024/06/03";
+  o.delivery_date = "2024/06/05";
+  o.carrier = "ヤマト運輸";
+  o.opinion.clear();
+  o.amount = 12800;
+  o.tax = 1164;
+  o.shop = "S2";
+  o.shop_name = "ルパン堂 本店";
+  o.shop_postcode = "150-0001";
+  o.shop_address = "東京都渋谷区神宮前1-2-3 ルパンビル5F";
+  o.shop_tel = "03-9876-5432";
+  return o;
+}
+
+std::vector<OrderLine> SlipGoods(const std::vector<ItemLine>& goods) {
+  std::vector<OrderLine> lines;
+  for (std::size_t n = 0; n < goods.size(); ++n) {
+    OrderLine line{"I" + std::to_string(n + 1), goods[n].name, static_cast<int>(n + 1) * 1000, goods[n].quantity};
+    line.tax_kbn = n % 2 == 1 ? 1 : 0;
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+void ReportDb::SetUp() {
+  EngineTest::SetUp();
+  entry::CreateSchema(Db());
+  for (const char* shop : {"('S0',0,1,0,2,NULL,NULL,NULL)", "('S1',0,1,0,0,0.1,'ルパン堂','T1234567890123')",
+                           "('S2',1,0,1,0,0.1,'',NULL)"})
+    Db().Execute(std::string("INSERT INTO [SHOP]([SHOP_ID],[ATENA],[SHIPPING_TAXKBN],[HANDLING_TAXKBN],[TAX_CALKBN],"
+                             "[TAX_RATE],[INVOICE_NAME],[INVOICE_NO]) VALUES") + shop);
+  for (const char* item : {"('A-100','緑茶','袋','S1')", "('B-200','湯呑','個入りセット','S1')", "('A-100','緑茶','箱','S2')"})
+    Db().Execute(std::string("INSERT INTO [ITEM]([ITEM_ID],[ITEM_NAME],[TANI],[SHOP_ID]) VALUES") + item);
+  for (const char* rate : {"(8,'2014/04/01',0,5)", "(10,'2019/10/01',0,8)", "(8,'2019/10/01',1,0)"})
+    Db().Execute(std::string("INSERT INTO [TAX]([RATE],[FROM_DATE],[REDUCEDKBN],[OLDRATE]) VALUES") + rate);
+  registry_ = run::ReportObjects();
+}
+
+void ReportDb::Insert(const Order& o) {
+  const std::string id = std::to_string(o.id);
+  const std::string customer = std::to_string(o.customer);
+  const std::string noshi = o.gift_name.empty() ? "" : "御中元";
+  std::string columns =
+      "[ID],[顧客NO],[顧客番号],[受注日],[出荷予定日],[出荷日],[請求日],[受注方法],[会社名],[所属],[氏名],[氏名カナ],"
+      "[郵便番号],[住所],[電話番号],[検索用電話番号],[メールアドレス],[請求先会社名],[請求先所属],[請求先氏名],"
+      "[請求先郵便番号],[請求先住所],[請求先電話番号],[請求先検索用電話番号],[贈答先会社名],[贈答先所属],[贈答先氏名],"
+      "[贈答先郵便番号],[贈答先住所],[贈答先電話番号],[のし],[支払方法],[宅配業者],[配達日],[配達時間帯],[意見],[メモ],"
+      "[商品代金],[送料],[決済手数料],[消費税],[ポイント利用],[請求額],[入金額],[入金日],[ショップID],[ショップ名],"
+      "[ショップ郵便番号],[ショップ住所],[ショップ電話番号]";
+  std::string values;
+  for (const std::string* text :
+       {&o.ordered, &o.planned, &o.shipped, &o.bill_date, &o.how_ordered, &o.company, &o.department, &o.name, &o.kana,
+        &o.postcode, &o.address, &o.tel})
+    values += "," + Q(*text);
+  values += "," + Q(Digits(o.tel)) + ",'taro@example.jp'";
+  for (const std::string* text : {&o.bill_company, &o.bill_department, &o.bill_name, &o.bill_postcode, &o.bill_address,
+                                  &o.bill_tel})
+    values += "," + Q(*text);
+  values += "," + Q(Digits(o.bill_tel));
+  for (const std::string* text : {&o.gift_company, &o.gift_department, &o.gift_name, &o.gift_postcode, &o.gift_address,
+                                  &o.gift_tel, &noshi, &o.payment, &o.carrier, &o.delivery_date, &o.time_band, &o.opinion})
+    values += "," + Q(*text);
+  values += ",''";
+  for (const int number : {o.Goods(), o.postage, o.fee, o.Tax(), o.points, o.Billed(), o.paid})
+    values += "," + std::to_string(number);
+  for (const std::string* text : {&o.paid_date, &o.shop, &o.shop_name, &o.shop_postcode, &o.shop_address, &o.shop_tel})
+    values += "," + Q(*text);
+
+  for (std::size_t n = 0; n < o.lines.size() && n < 20; ++n) {
+    const auto& line = o.lines[n];
+    if (line.id.empty()) continue;
+    const std::string i = std::to_string(n + 1);
+    const bool included = line.tax_kbn != 0 || o.tax_included;
+    columns += ",[商品ID" + i + "],[商品名" + i + "],[商品カラー" + i + "],[商品サイズ" + i + "],[単価" + i + "],[注文数量" + i +
+               "],[小計" + i + "],[消費税区分" + i + "]";
+    values += "," + Q(line.id) + "," + Q(line.name) + "," + Q(line.color) + "," + Q(line.size) + "," +
+              std::to_string(line.price) + "," + N(line.quantity) + "," + std::to_string(line.Amount()) + "," +
+              std::to_string(line.tax_kbn);
+    // The cost is half the price and 50 sen, so that it is never a whole number.
+    Db().Execute("INSERT INTO [CHUMON_D]([ID],[ITEM_NO],[ITEM_ID],[ITEM_MEI],[ITEM_TANKA],[ITEM_GENKA],[ITEM_PRICE],"
+                 "[ITEM_QTY],[ITEM_TAX],[ITEM_SYUKKA],[ITEM_SYUDATE],[REDUCEDKBN]) VALUES(" + id + "," + i + "," +
+                 Q(line.id) + "," + Q(line.name) + "," + std::to_string(line.price) + "," +
+                 std::to_string(line.price / 2) + ".5," + std::to_string(line.Amount()) + "," + N(line.quantity) + "," +
+                 std::to_string(included ? 2 : line.item_tax) + "," + std::to_string(line.shipped) + "," +
+                 Q(line.ship_date) + "," + std::to_string(line.reduced) + ")");
+  }
+  Db().Execute("INSERT INTO [CHUMON](" + columns + ") VALUES(" + id + "," + customer + "," + customer + values + ")");
+  if (!o.staged) return;
+  const std::string first_id = o.lines.empty() ? "" : o.lines[0].id;
+  const std::string biko1 = o.biko1 == "#first" ? (o.lines.empty() ? "" : o.lines[0].name) : o.biko1;
+  Db().Execute("INSERT INTO [WK_PRINT]([ID],[COMPANY],[SIMEI],[ORD_DATE],[YUBIN],[TEL],[BIKO1],[BIKO3],[ITEM_ID1],"
+               "[SEK_GAKU],[TAX],[INSHI],[CLIENT_NAME]) VALUES(" + id + "," + Q(o.company) + "," + Q(o.name) + "," +
+               Q(o.ordered) + "," + Q(o.postcode) + "," + Q(o.tel) + "," + Q(biko1) + "," + Q(o.payment) + "," +
+               Q(first_id) + "," + std::to_string(o.Billed()) + "," + std::to_string(o.Tax()) + "," +
+               std::to_string(o.inshi) + "," + Q(o.client) + ")");
+}
+
+void ReportDb::InsertCustomer(const Customer& c) {
+  const std::string number = std::to_string(c.number);
+  Db().Execute("INSERT INTO [CUSTOMER]([顧客NO],[顧客会社名],[顧客所属],[顧客名],[郵便番号],[住所],[TEL番号],[検索用TEL番号]) "
+               "VALUES(" + number + "," + Q(c.company) + "," + Q(c.department) + "," + Q(c.name) + "," +
+               Q(c.postcode) + "," + Q(c.address) + "," + Q(c.tel) + "," + Q(Digits(c.tel)) + ")");
+  Db().Execute("INSERT INTO [WK_PRINT]([ID],[COMPANY],[SIMEI],[SEK_GAKU],[CLIENT_NAME]) VALUES(" + number + "," +
+               Q(c.company) + "," + Q(c.name) + "," + number + "," + Q(c.client) + ")");
+}
+
+void ReportDb::InsertPayment(const std::string& method, int ord, const std::string& shop) {
+  Db().Execute("INSERT INTO [PAYMENT]([METHOD],[ORD],[OK],[SHOP_ID]) VALUES(" + Q(method) + "," + std::to_string(ord) +
+               ",1," + Q(shop) + ")");
+}
+
+void ReportDb::ClearOrders() {
+  for (const char* table : {"CHUMON", "CHUMON_D", "CHUMON_T", "WK_PRINT", "WK_SEIKYU"})
+    Db().Execute(std::string("DELETE FROM [") + table + "]");
+}
+
+std::unique_ptr<entry::Context> ReportDb::NoteContext(int report_no, int paper_type) {
+  auto context = std::make_unique<entry::Context>(&Db(), settings::StorePaths::InFolder(home_), home_);
+  context->login.client_name = "WS1";
+  context->dialect = 0;  // ResouceMode 0: date literals between quotes, which both engines read
+  auto& d = context->current;
+  d.report_no = report_no;
+  d.report_name = "納品書";
+  d.paper_type = paper_type;
+  d.paper_size = 9;
+  d.orientation = 1;
+  d.margin_left = d.margin_right = 100;
+  d.margin_top = 64;
+  d.margin_bottom = 53;
+  d.fld_txt[0] = "00120-3-456789";
+  d.fld_txt[1] = "カ）ルパンドウ";
+  return context;
+}
+
+std::unique_ptr<entry::Context> ReportDb::SlipContext(int report_no, int paper_type) {
+  auto context = NoteContext(report_no, paper_type);
+  auto& d = context->current;
+  d.report_name = "ヤマト宅配伝票";
+  d.paper_size = 256;
+  d.margin_left = d.margin_right = d.margin_top = d.margin_bottom = 0;
+  d.fld_txt[0] = "0312345678";
+  d.fld_txt[1] = "031234567801-01";
+  return context;
+}
+
+engine::PageCollection ReportDb::Run(entry::Context& context, const std::string& object) {
+  return RunReport(context, object, true);
+}
+
+engine::PageCollection ReportDb::Run(std::int32_t report_no, const entry::RunValues& run) {
+  entry::Context context(&Db(), settings::StorePaths::InFolder(home_), home_);
+  context.login.client_name = "WS1";
+  context.current.report_no = report_no;
+  context.run = run;
+  return RunReport(context, "", false);
+}
+
+engine::PageCollection ReportDb::RunReport(entry::Context& context, const std::string& object, bool page_setup) {
+  const std::string name = object.empty() ? std::string(entry::CatalogueOf(context.current.report_no).object) : object;
+  auto report = registry_.Create(name, context);
+  EXPECT_NE(report, nullptr) << name;
+  if (!report) return {};
+  if (auto* frame = dynamic_cast<layout::ReportFrame*>(report.get())) frame->clock = [now = now_] { return now; };
+  if (page_setup) engine::ApplyReportSettings(*report, context.current);
+  engine::PageCollection pages;
+  const auto result = report->Run(pages);
+  EXPECT_TRUE(result.ok) << result.fault.description;
+  return pages;
+}
+
+void ReportDb::WriteFormat(int report_no, const std::string& fields) {
+  std::filesystem::create_directories(home_ / "Format");
+  std::ofstream(home_ / "Format" / layout::FormatFileName(report_no), std::ios::binary)
+      << text::ToCp932("<name=test>\r\n<section=Detail>\r\n" + fields + "\r\n</section>\r\n").bytes;
+}
+
+void ReportDb::ExpectDump(const engine::PageCollection& pages, const std::string& name) {
+  const bool writer = GetParam() == db::Engine::Sqlite;
+  if (const char* folder = std::getenv("LUPIN_PNG_DIR"); folder != nullptr && writer) {
+    engine::PageRasterizer rasterizer;
+    std::vector<std::string> problems;
+    const std::string stem = text::TextReplace(std::filesystem::path(name).replace_extension().string(), "/", "_");
+    for (const auto& page : pages.Pages())
+      rasterizer.WritePng(page, 144, std::string(folder) + "/" + stem + "-" + std::to_string(page.number) + ".png", problems);
+  }
+  lupin::testing::ExpectGoldenFile(name, engine::JsonDump(pages.Info(), pages.Pages()), writer);
+}
+
+void ReportDb::ExpectShown(const engine::PageCollection& pages, const std::string& name) {
+  std::ostringstream out;
+  for (const auto& page : pages.Pages()) {
+    out << "== page " << page.number << "\n";
+    for (const auto& item : page.items) {
+      if (!item.visible || item.text.empty() || item.kind == engine::ItemKind::Shape || item.kind == engine::ItemKind::Line)
+        continue;
+      out << item.name << " " << item.font.size << (item.alignment == engine::Alignment::Center ? "c" : "") << " "
+          << text::TextReplace(item.text, "\r\n", "⏎") << "\n";
+    }
+  }
+  lupin::testing::ExpectGoldenFile(name, out.str(), GetParam() == db::Engine::Sqlite);
+}
+
+std::string Shown(const engine::Page& page, const std::string& name) {
+  for (const auto& item : page.items)
+    if (item.name == name) return item.visible ? item.text : "<hidden>";
+  return "<none>";
+}
+
+std::vector<std::string> TextsOf(const engine::Page& page, const std::string& name) {
+  std::vector<std::string> texts;
+  for (const auto& item : page.items)
+    if (item.name == name) texts.push_back(item.text);
+  return texts;
+}
+
+const engine::PageItem& ItemOn(const engine::Page& page, const std::string& name) {
+  for (const auto& item : page.items)
+    if (item.name == name) return item;
+  ADD_FAILURE() << "no item " << name << " on page " << page.number;
+  static const engine::PageItem kMissing;
+  return kMissing;
+}
+
+}  // namespace lupin::reports::testing
