@@ -4,7 +4,6 @@
 // Seino number nothing.
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <map>
 #include <sstream>
 
@@ -25,20 +24,12 @@ class CarrierRoad : public ReportDb {
   void InsertOrders(const std::string& carrier) {
     ClearOrders();
     for (const int id : {7003, 7001, 7002}) {
-      Order order = SlipOrder();
-      order.id = id;
+      Order order = SlipOrder(id);
       order.name = "顧客 " + std::to_string(id);
       order.carrier = carrier;
       order.staged = false;
       Insert(order);
     }
-  }
-
-  std::map<int, std::string> Waybills() {
-    std::map<int, std::string> numbers;
-    for (auto rs = Db().Open("SELECT [ID],[出荷伝票番号] FROM [CHUMON]"); !rs.Eof(); rs.MoveNext())
-      numbers[static_cast<int>(rs["ID"].Long())] = rs["出荷伝票番号"].Text();
-    return numbers;
   }
 
   long LedgerRows(int report_no) {
@@ -48,15 +39,13 @@ class CarrierRoad : public ReportDb {
 
   // The order names on the pages of the dump, page by page.
   std::vector<std::string> NamesOnPages(const std::string& dump_path, const std::string& control) {
-    std::ifstream in(dump_path, std::ios::binary);
-    std::stringstream text;
-    text << in.rdbuf();
+    const std::string text = lupin::testing::ReadBytes(dump_path);
     std::vector<std::string> names;
     std::size_t at = 0;
     const std::string key = "\"name\":\"" + control + "\"";
-    while ((at = text.str().find(key, at)) != std::string::npos) {
-      const std::size_t start = text.str().find("\"text\":\"", at) + 8;
-      names.push_back(text.str().substr(start, text.str().find('"', start) - start));
+    while ((at = text.find(key, at)) != std::string::npos) {
+      const std::size_t start = text.find("\"text\":\"", at) + 8;
+      names.push_back(text.substr(start, text.find('"', start) - start));
       at = start;
     }
     return names;

@@ -16,36 +16,18 @@
 namespace lupin::reports::testing {
 namespace {
 
-const std::string kLongAddress = "北海道札幌市中央区北一条西二十丁目1-23 ルパンレジデンス札幌大通公園前 1502号室";
-const std::string kLongCompany = "ルパン・エンタープライズ・インターナショナル・ホールディングス株式会社";
-const std::string kLongName = "ルパン・エンタープライズ・インターナショナル株式会社 代表取締役社長 山田 太郎";
-
-std::vector<OrderLine> Goods(int count) {
-  std::vector<ItemLine> goods;
-  for (int i = 1; i <= count; ++i) goods.push_back({"有機緑茶 極上 100g 第" + std::to_string(i) + "便", static_cast<double>(i)});
-  return SlipGoods(goods);
-}
-
-Order Gift(int id, const std::string& shop) {
-  Order o = SlipOrder(id);
-  o.company = "株式会社見本";
-  o.tel = "090-123-4567";
-  o.shop = shop;
-  o.gift_name = "佐藤 花子";
-  o.gift_postcode = "530-0001";
-  o.gift_address = "大阪府大阪市北区梅田1-1-1";
-  o.gift_tel = "06-1234-5678";
-  o.time_band = "14-16";
-  return o;
-}
-
 // The orders every designer prints: plain, gifts with the orderer and with the shop sending,
 // company only, department only with a short postcode, long names with a two-line sender, and on
 // collect forms six goods and a stamp on an amount below 200. The telephones take every layout
 // of the 13 boxes.
 std::vector<Order> SharedOrders(bool collect) {
+  const auto gift = [](const std::string& shop, int id) {
+    Order o = SlipGift(shop, id);
+    o.tel = "090-123-4567";
+    return o;
+  };
   Order plain = SlipOrder(4001), company_only = SlipOrder(4003), department_only = SlipOrder(4004),
-        long_names = Gift(4005, "S0");
+        long_names = gift("S0", 4005);
   plain.time_band = "午前中";
   company_only.company = "株式会社ルパン商事";
   company_only.tel = "0312345678";
@@ -62,11 +44,11 @@ std::vector<Order> SharedOrders(bool collect) {
   long_names.gift_department = "経営企画本部 第一グループ";
   long_names.gift_name = "ルパン・エンタープライズ株式会社 ご担当 佐藤 花子 様";
   long_names.gift_address = kLongAddress;
-  std::vector<Order> orders = {plain, Gift(4002, "S0"), company_only, department_only, long_names,
-                                   Gift(4006, "S2")};
+  std::vector<Order> orders = {plain, gift("S0", 4002), company_only, department_only, long_names,
+                                   gift("S2", 4006)};
   if (collect) {
     Order six = SlipOrder(4007), stamp = SlipOrder(4008);
-    six.lines = Goods(6);
+    six.lines = SlipGoods(6);
     six.amount = 30000;
     six.points = 1500;
     six.time_band = "18-20";
@@ -74,7 +56,7 @@ std::vector<Order> SharedOrders(bool collect) {
     stamp.tax = 13;
     stamp.inshi = 1;
     stamp.shop = "S0";
-    stamp.lines = Goods(2);
+    stamp.lines = SlipGoods(2);
     orders.push_back(six);
     orders.push_back(stamp);
   }

@@ -82,7 +82,9 @@ std::vector<OrderLine> Lines(int count) {
 Order SlipOrder(int id) {
   Order o;
   o.id = id;
-  o.lines = SlipGoods({{"緑茶 極上 100g", 2}});
+  o.lines = SlipGoods(1);
+  o.lines[0].name = "緑茶 極上 100g";
+  o.lines[0].quantity = 2;
   o.company.clear();
   o.department.clear();
   o.planned = o.shipped = "2024/06/03";
@@ -99,11 +101,24 @@ Order SlipOrder(int id) {
   return o;
 }
 
-std::vector<OrderLine> SlipGoods(const std::vector<ItemLine>& goods) {
+Order SlipGift(const std::string& shop, int id) {
+  Order o = SlipOrder(id);
+  o.company = "株式会社見本";
+  o.shop = shop;
+  o.gift_name = "佐藤 花子";
+  o.gift_postcode = "530-0001";
+  o.gift_address = "大阪府大阪市北区梅田1-1-1";
+  o.gift_tel = "06-1234-5678";
+  o.time_band = "14-16";
+  return o;
+}
+
+std::vector<OrderLine> SlipGoods(int count, double fraction) {
   std::vector<OrderLine> lines;
-  for (std::size_t n = 0; n < goods.size(); ++n) {
-    OrderLine line{"I" + std::to_string(n + 1), goods[n].name, static_cast<int>(n + 1) * 1000, goods[n].quantity};
-    line.tax_kbn = n % 2 == 1 ? 1 : 0;
+  for (int n = 1; n <= count; ++n) {
+    OrderLine line{"I" + std::to_string(n), "有機緑茶 極上 100g 第" + std::to_string(n) + "便", n * 1000,
+                   n + (n == 2 ? fraction : 0)};
+    line.tax_kbn = n % 2 == 0 ? 1 : 0;
     lines.push_back(line);
   }
   return lines;
@@ -199,6 +214,13 @@ void ReportDb::InsertPayment(const std::string& method, int ord, const std::stri
 void ReportDb::ClearOrders() {
   for (const char* table : {"CHUMON", "CHUMON_D", "CHUMON_T", "WK_PRINT", "WK_SEIKYU"})
     Db().Execute(std::string("DELETE FROM [") + table + "]");
+}
+
+std::map<int, std::string> ReportDb::Waybills() {
+  std::map<int, std::string> numbers;
+  for (auto rs = Db().Open("SELECT [ID],[出荷伝票番号] FROM [CHUMON]"); !rs.Eof(); rs.MoveNext())
+    numbers[static_cast<int>(rs["ID"].Long())] = rs["出荷伝票番号"].Text();
+  return numbers;
 }
 
 std::unique_ptr<entry::Context> ReportDb::NoteContext(int report_no, int paper_type) {

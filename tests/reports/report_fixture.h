@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -14,7 +15,6 @@
 #include "engine/page_collection.h"
 #include "engine/report_registry.h"
 #include "entry/context.h"
-#include "reports/slips/slip_item_block.h"
 #include "support/temp_files.h"
 #include "support/test_databases.h"
 
@@ -87,10 +87,17 @@ Order DocumentOrder(int id, std::vector<OrderLine> lines);
 std::vector<OrderLine> Lines(int count);
 
 // The order of a carrier slip: no company, delivered 2024/06/05 by Yamato from S2, 12,800 yen to
-// collect with 1,164 of tax, one line of goods.
+// collect with 1,164 of tax, two of one item.
 Order SlipOrder(int id = 1001);
-// Goods of a slip: line n (from 1) is item In at n × 1000 yen a unit, every second one tax-included.
-std::vector<OrderLine> SlipGoods(const std::vector<ItemLine>& goods);
+// A slip order of 株式会社見本 sending a gift to 佐藤 花子 in Osaka, delivered 14-16.
+Order SlipGift(const std::string& shop, int id = 1001);
+// Goods of a slip: line n (from 1) is item In, n pieces (the second plus a fraction) at n × 1000
+// yen, every second line tax-included.
+std::vector<OrderLine> SlipGoods(int count, double fraction = 0);
+// Texts longer than the boxes of every slip.
+inline const std::string kLongAddress = "北海道札幌市中央区北一条西二十丁目1-23 ルパンレジデンス札幌大通公園前 1502号室";
+inline const std::string kLongCompany = "ルパン・エンタープライズ・インターナショナル・ホールディングス株式会社";
+inline const std::string kLongName = "ルパン・エンタープライズ・インターナショナル株式会社 代表取締役社長 山田 太郎";
 
 // A prospect of the CUSTOMER table, staged by its number as the customer reports stage.
 struct Customer {
@@ -116,6 +123,8 @@ class ReportDb : public lupin::testing::EngineTest {
   void InsertPayment(const std::string& method, int ord, const std::string& shop = "S1");
   // Empties the order tables and the staging, for the next case of a table.
   void ClearOrders();
+  // Order id → 出荷伝票番号 of every order.
+  std::map<int, std::string> Waybills();
 
   // Print settings of an A4 delivery note with its margins and the postal account of the
   // transfer slips; paper type 1 is preprinted paper.

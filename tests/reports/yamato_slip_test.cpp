@@ -13,28 +13,6 @@
 namespace lupin::reports::testing {
 namespace {
 
-const std::string kLongAddress = "北海道札幌市中央区北一条西二十丁目1-23 ルパンレジデンス札幌大通公園前 1502号室";
-const std::string kLongCompany = "ルパン・エンタープライズ・インターナショナル・ホールディングス株式会社";
-const std::string kLongName = "ルパン・エンタープライズ・インターナショナル株式会社 代表取締役社長 山田 太郎";
-
-std::vector<OrderLine> Goods(int count, double fraction = 0) {
-  std::vector<ItemLine> goods;
-  for (int i = 1; i <= count; ++i) goods.push_back({"有機緑茶 極上 100g 第" + std::to_string(i) + "便", i + (i == 2 ? fraction : 0)});
-  return SlipGoods(goods);
-}
-
-Order Gift(const std::string& shop) {
-  Order o = SlipOrder();
-  o.company = "株式会社見本";
-  o.shop = shop;
-  o.gift_name = "佐藤 花子";
-  o.gift_postcode = "530-0001";
-  o.gift_address = "大阪府大阪市北区梅田1-1-1";
-  o.gift_tel = "06-1234-5678";
-  o.time_band = "14-16";
-  return o;
-}
-
 struct GoldenCase {
   const char* golden;
   int report_no;
@@ -55,8 +33,8 @@ TEST_P(YamatoGolden, PageDumps) {
   long_names.department = "経営企画本部 第一グループ";
   long_names.name = kLongName;
   long_names.address = kLongAddress;
-  six.lines = Goods(6);
-  fraction.lines = Goods(3, 0.5);
+  six.lines = SlipGoods(6);
+  fraction.lines = SlipGoods(3, 0.5);
   hidden_company2.company = "株式会社ルパン商事";
   hidden_company2.department = "経理部";
   plain.delivery_date = "";
@@ -72,8 +50,8 @@ TEST_P(YamatoGolden, PageDumps) {
   collect_a.amount = 12800;
   collect_b.amount = 3240;
   const GoldenCase cases[] = {
-      {"gift_shop_sends.json", 25, 0, {Gift("S2")}, ""},
-      {"gift_orderer_sends.json", 25, 0, {Gift("S0")}, ""},
+      {"gift_shop_sends.json", 25, 0, {SlipGift("S2")}, ""},
+      {"gift_orderer_sends.json", 25, 0, {SlipGift("S0")}, ""},
       {"company_only.json", 25, 0, {company_only}, ""},
       {"department_only.json", 25, 0, {department_only}, ""},
       {"long_names.json", 25, 0, {long_names}, ""},
@@ -130,7 +108,7 @@ TEST_P(YamatoSlipRules, WhoReceivesWhoSendsAndTheCompanyLines) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.label);
     ClearOrders();
-    Order order = c.gift ? Gift(c.shop) : SlipOrder();
+    Order order = c.gift ? SlipGift(c.shop) : SlipOrder();
     order.shop = c.shop;
     order.company = c.gift ? c.orderer_company : c.company;
     (c.gift ? order.gift_company : order.company) = c.company;
@@ -150,7 +128,7 @@ TEST_P(YamatoSlipRules, WhoReceivesWhoSendsAndTheCompanyLines) {
 }
 
 TEST_P(YamatoSlipRules, NamesDatesAndTheItemOverride) {
-  Order trailing_break = SlipOrder(), gift_trailing = Gift("S2");
+  Order trailing_break = SlipOrder(), gift_trailing = SlipGift("S2");
   trailing_break.name = "山田 太郎\r\n";
   trailing_break.delivery_date = "なるべく早く";
   gift_trailing.id = 1002;
