@@ -20,7 +20,9 @@ namespace lupin::reports::testing {
 
 namespace {
 
+// SQL literals of a text, a whole number and a quantity.
 std::string Q(const std::string& text) { return "'" + sql::SqlQuote(text) + "'"; }
+std::string I(long number) { return std::to_string(number); }
 
 std::string N(double value) {
   std::ostringstream out;
@@ -139,76 +141,64 @@ void ReportDb::SetUp() {
 }
 
 void ReportDb::Insert(const Order& o) {
-  const std::string id = std::to_string(o.id);
-  const std::string customer = std::to_string(o.customer);
-  const std::string noshi = o.gift_name.empty() ? "" : "御中元";
-  std::string columns =
-      "[ID],[顧客NO],[顧客番号],[受注日],[出荷予定日],[出荷日],[請求日],[受注方法],[会社名],[所属],[氏名],[氏名カナ],"
-      "[郵便番号],[住所],[電話番号],[検索用電話番号],[メールアドレス],[請求先会社名],[請求先所属],[請求先氏名],"
-      "[請求先郵便番号],[請求先住所],[請求先電話番号],[請求先検索用電話番号],[贈答先会社名],[贈答先所属],[贈答先氏名],"
-      "[贈答先郵便番号],[贈答先住所],[贈答先電話番号],[のし],[支払方法],[宅配業者],[配達日],[配達時間帯],[意見],[メモ],"
-      "[商品代金],[送料],[決済手数料],[消費税],[ポイント利用],[請求額],[入金額],[入金日],[ショップID],[ショップ名],"
-      "[ショップ郵便番号],[ショップ住所],[ショップ電話番号]";
-  std::string values;
-  for (const std::string* text :
-       {&o.ordered, &o.planned, &o.shipped, &o.bill_date, &o.how_ordered, &o.company, &o.department, &o.name, &o.kana,
-        &o.postcode, &o.address, &o.tel})
-    values += "," + Q(*text);
-  values += "," + Q(Digits(o.tel)) + ",'taro@example.jp'";
-  for (const std::string* text : {&o.bill_company, &o.bill_department, &o.bill_name, &o.bill_postcode, &o.bill_address,
-                                  &o.bill_tel})
-    values += "," + Q(*text);
-  values += "," + Q(Digits(o.bill_tel));
-  for (const std::string* text : {&o.gift_company, &o.gift_department, &o.gift_name, &o.gift_postcode, &o.gift_address,
-                                  &o.gift_tel, &noshi, &o.payment, &o.carrier, &o.delivery_date, &o.time_band, &o.opinion})
-    values += "," + Q(*text);
-  values += ",''";
-  for (const int number : {o.Goods(), o.postage, o.fee, o.Tax(), o.points, o.Billed(), o.paid})
-    values += "," + std::to_string(number);
-  for (const std::string* text : {&o.paid_date, &o.shop, &o.shop_name, &o.shop_postcode, &o.shop_address, &o.shop_tel})
-    values += "," + Q(*text);
-
+  Row order = {
+      {"ID", I(o.id)}, {"顧客NO", I(o.customer)}, {"顧客番号", I(o.customer)}, {"受注日", Q(o.ordered)},
+      {"出荷予定日", Q(o.planned)}, {"出荷日", Q(o.shipped)}, {"請求日", Q(o.bill_date)}, {"受注方法", Q(o.how_ordered)},
+      {"会社名", Q(o.company)}, {"所属", Q(o.department)}, {"氏名", Q(o.name)}, {"氏名カナ", Q(o.kana)},
+      {"郵便番号", Q(o.postcode)}, {"住所", Q(o.address)}, {"電話番号", Q(o.tel)}, {"検索用電話番号", Q(Digits(o.tel))},
+      {"メールアドレス", Q("taro@example.jp")}, {"請求先会社名", Q(o.bill_company)}, {"請求先所属", Q(o.bill_department)},
+      {"請求先氏名", Q(o.bill_name)}, {"請求先郵便番号", Q(o.bill_postcode)}, {"請求先住所", Q(o.bill_address)},
+      {"請求先電話番号", Q(o.bill_tel)}, {"請求先検索用電話番号", Q(Digits(o.bill_tel))},
+      {"贈答先会社名", Q(o.gift_company)}, {"贈答先所属", Q(o.gift_department)}, {"贈答先氏名", Q(o.gift_name)},
+      {"贈答先郵便番号", Q(o.gift_postcode)}, {"贈答先住所", Q(o.gift_address)}, {"贈答先電話番号", Q(o.gift_tel)},
+      {"のし", Q(o.gift_name.empty() ? "" : "御中元")}, {"支払方法", Q(o.payment)}, {"宅配業者", Q(o.carrier)},
+      {"配達日", Q(o.delivery_date)}, {"配達時間帯", Q(o.time_band)}, {"意見", Q(o.opinion)}, {"メモ", Q("")},
+      {"商品代金", I(o.Goods())}, {"送料", I(o.postage)}, {"決済手数料", I(o.fee)}, {"消費税", I(o.Tax())},
+      {"ポイント利用", I(o.points)}, {"請求額", I(o.Billed())}, {"入金額", I(o.paid)}, {"入金日", Q(o.paid_date)},
+      {"ショップID", Q(o.shop)}, {"ショップ名", Q(o.shop_name)}, {"ショップ郵便番号", Q(o.shop_postcode)},
+      {"ショップ住所", Q(o.shop_address)}, {"ショップ電話番号", Q(o.shop_tel)}};
   for (std::size_t n = 0; n < o.lines.size() && n < 20; ++n) {
-    const auto& line = o.lines[n];
+    const OrderLine& line = o.lines[n];
     if (line.id.empty()) continue;
     const std::string i = std::to_string(n + 1);
+    order.insert(order.end(), {{"商品ID" + i, Q(line.id)}, {"商品名" + i, Q(line.name)}, {"商品カラー" + i, Q(line.color)},
+                               {"商品サイズ" + i, Q(line.size)}, {"単価" + i, I(line.price)}, {"注文数量" + i, N(line.quantity)},
+                               {"小計" + i, I(line.Amount())}, {"消費税区分" + i, I(line.tax_kbn)}});
     const bool included = line.tax_kbn != 0 || o.tax_included;
-    columns += ",[商品ID" + i + "],[商品名" + i + "],[商品カラー" + i + "],[商品サイズ" + i + "],[単価" + i + "],[注文数量" + i +
-               "],[小計" + i + "],[消費税区分" + i + "]";
-    values += "," + Q(line.id) + "," + Q(line.name) + "," + Q(line.color) + "," + Q(line.size) + "," +
-              std::to_string(line.price) + "," + N(line.quantity) + "," + std::to_string(line.Amount()) + "," +
-              std::to_string(line.tax_kbn);
     // The cost is half the price and 50 sen, so that it is never a whole number.
-    Db().Execute("INSERT INTO [CHUMON_D]([ID],[ITEM_NO],[ITEM_ID],[ITEM_MEI],[ITEM_TANKA],[ITEM_GENKA],[ITEM_PRICE],"
-                 "[ITEM_QTY],[ITEM_TAX],[ITEM_SYUKKA],[ITEM_SYUDATE],[REDUCEDKBN]) VALUES(" + id + "," + i + "," +
-                 Q(line.id) + "," + Q(line.name) + "," + std::to_string(line.price) + "," +
-                 std::to_string(line.price / 2) + ".5," + std::to_string(line.Amount()) + "," + N(line.quantity) + "," +
-                 std::to_string(included ? 2 : line.item_tax) + "," + std::to_string(line.shipped) + "," +
-                 Q(line.ship_date) + "," + std::to_string(line.reduced) + ")");
+    Put("CHUMON_D", {{"ID", I(o.id)}, {"ITEM_NO", i}, {"ITEM_ID", Q(line.id)}, {"ITEM_MEI", Q(line.name)},
+                     {"ITEM_TANKA", I(line.price)}, {"ITEM_GENKA", I(line.price / 2) + ".5"}, {"ITEM_PRICE", I(line.Amount())},
+                     {"ITEM_QTY", N(line.quantity)}, {"ITEM_TAX", I(included ? 2 : line.item_tax)},
+                     {"ITEM_SYUKKA", I(line.shipped)}, {"ITEM_SYUDATE", Q(line.ship_date)}, {"REDUCEDKBN", I(line.reduced)}});
   }
-  Db().Execute("INSERT INTO [CHUMON](" + columns + ") VALUES(" + id + "," + customer + "," + customer + values + ")");
+  Put("CHUMON", order);
   if (!o.staged) return;
-  const std::string first_id = o.lines.empty() ? "" : o.lines[0].id;
   const std::string biko1 = o.biko1 == "#first" ? (o.lines.empty() ? "" : o.lines[0].name) : o.biko1;
-  Db().Execute("INSERT INTO [WK_PRINT]([ID],[COMPANY],[SIMEI],[ORD_DATE],[YUBIN],[TEL],[BIKO1],[BIKO3],[ITEM_ID1],"
-               "[SEK_GAKU],[TAX],[INSHI],[CLIENT_NAME]) VALUES(" + id + "," + Q(o.company) + "," + Q(o.name) + "," +
-               Q(o.ordered) + "," + Q(o.postcode) + "," + Q(o.tel) + "," + Q(biko1) + "," + Q(o.payment) + "," +
-               Q(first_id) + "," + std::to_string(o.Billed()) + "," + std::to_string(o.Tax()) + "," +
-               std::to_string(o.inshi) + "," + Q(o.client) + ")");
+  Put("WK_PRINT", {{"ID", I(o.id)}, {"COMPANY", Q(o.company)}, {"SIMEI", Q(o.name)}, {"ORD_DATE", Q(o.ordered)},
+                   {"YUBIN", Q(o.postcode)}, {"TEL", Q(o.tel)}, {"BIKO1", Q(biko1)}, {"BIKO3", Q(o.payment)},
+                   {"ITEM_ID1", Q(o.lines.empty() ? "" : o.lines[0].id)}, {"SEK_GAKU", I(o.Billed())}, {"TAX", I(o.Tax())},
+                   {"INSHI", I(o.inshi)}, {"CLIENT_NAME", Q(o.client)}});
 }
 
 void ReportDb::InsertCustomer(const Customer& c) {
-  const std::string number = std::to_string(c.number);
-  Db().Execute("INSERT INTO [CUSTOMER]([顧客NO],[顧客会社名],[顧客所属],[顧客名],[郵便番号],[住所],[TEL番号],[検索用TEL番号]) "
-               "VALUES(" + number + "," + Q(c.company) + "," + Q(c.department) + "," + Q(c.name) + "," +
-               Q(c.postcode) + "," + Q(c.address) + "," + Q(c.tel) + "," + Q(Digits(c.tel)) + ")");
-  Db().Execute("INSERT INTO [WK_PRINT]([ID],[COMPANY],[SIMEI],[SEK_GAKU],[CLIENT_NAME]) VALUES(" + number + "," +
-               Q(c.company) + "," + Q(c.name) + "," + number + "," + Q(c.client) + ")");
+  Put("CUSTOMER", {{"顧客NO", I(c.number)}, {"顧客会社名", Q(c.company)}, {"顧客所属", Q(c.department)},
+                   {"顧客名", Q(c.name)}, {"郵便番号", Q(c.postcode)}, {"住所", Q(c.address)}, {"TEL番号", Q(c.tel)},
+                   {"検索用TEL番号", Q(Digits(c.tel))}});
+  Put("WK_PRINT", {{"ID", I(c.number)}, {"COMPANY", Q(c.company)}, {"SIMEI", Q(c.name)}, {"SEK_GAKU", I(c.number)},
+                   {"CLIENT_NAME", Q(c.client)}});
+}
+
+void ReportDb::Put(const std::string& table, const Row& row) {
+  std::string columns, values;
+  for (const auto& [column, value] : row) {
+    columns += (columns.empty() ? "[" : ",[") + column + "]";
+    values += (values.empty() ? "" : ",") + value;
+  }
+  Db().Execute("INSERT INTO [" + table + "](" + columns + ") VALUES(" + values + ")");
 }
 
 void ReportDb::InsertPayment(const std::string& method, int ord, const std::string& shop) {
-  Db().Execute("INSERT INTO [PAYMENT]([METHOD],[ORD],[OK],[SHOP_ID]) VALUES(" + Q(method) + "," + std::to_string(ord) +
-               ",1," + Q(shop) + ")");
+  Put("PAYMENT", {{"METHOD", Q(method)}, {"ORD", I(ord)}, {"OK", "1"}, {"SHOP_ID", Q(shop)}});
 }
 
 void ReportDb::ClearOrders() {

@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "common/vb.h"
@@ -154,6 +155,9 @@ class ReportDb : public lupin::testing::EngineTest {
   vb::DateSerial now_ = vb::DateSerialOf(2024, 7, 1) + vb::TimeSerialOf(9, 30, 5);
 
  private:
+  // Column names and their SQL literals.
+  using Row = std::vector<std::pair<std::string, std::string>>;
+  void Put(const std::string& table, const Row& row);
   engine::PageCollection RunReport(entry::Context& context, const std::string& object, bool page_setup);
 };
 
