@@ -38,7 +38,8 @@ struct OrderLine {
 };
 
 // An order and its staging row. The defaults are a list order: unshipped, from 見本ショップ, taxed
-// at nothing; DocumentOrder and SlipOrder give the orders of the forms.
+// at nothing; DocumentOrder and SlipOrder give the orders of the forms. The first fields stand in
+// the order the list tests name them in designated initialisers.
 struct Order {
   int id = 1001;
   std::string name = "山田 太郎";
