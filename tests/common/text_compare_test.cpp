@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "common/text.h"
 
 namespace lupin::text {
@@ -85,15 +87,14 @@ TEST(Width, NarrowAndWideAreInverse) {
   }
 }
 
-TEST(Width, NarrowsJisFormsLikeTheirWindowsTwins) {
-  EXPECT_EQ(ToNarrow("\u301C\u2212"), "~-");
-  EXPECT_EQ(ToNarrow("１２－１４"), "12-14");
-}
-
-TEST(Width, ComposesOnlyMarksThatBelongToTheKana) {
-  EXPECT_EQ(ToWide("ｱﾞ"), "ア゛");   // ア has no voiced form
-  EXPECT_EQ(ToWide("ｶﾟ"), "カ゜");
-  EXPECT_EQ(ToWide("ﾞｶ"), "゛カ");
+// One way only: JIS forms narrow like their Windows twins; a sound mark joins only a kana it belongs to.
+TEST(Width, NarrowsJisFormsAndComposesOnlyMarksThatBelongToTheKana) {
+  const std::tuple<std::string (*)(std::string_view), const char*, const char*> cases[] = {
+      {ToNarrow, "\u301C\u2212", "~-"}, {ToNarrow, "１２－１４", "12-14"},
+      {ToWide, "ｱﾞ", "ア゛"},  // ア has no voiced form
+      {ToWide, "ｶﾟ", "カ゜"}, {ToWide, "ﾞｶ", "゛カ"},
+  };
+  for (const auto& [convert, in, out] : cases) EXPECT_EQ(convert(in), out) << in;
 }
 
 TEST(Width, EveryKatakanaSurvivesARoundTrip) {

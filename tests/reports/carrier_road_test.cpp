@@ -4,7 +4,6 @@
 // Seino number nothing.
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <map>
 #include <sstream>
 
@@ -14,30 +13,23 @@
 #include "demo/demo_data.h"
 #include "run/headless_run.h"
 #include "run/preview_runner_engine.h"
-#include "slip_fixture.h"
+#include "report_fixture.h"
 
 namespace lupin::reports::testing {
 namespace {
 
-class CarrierRoad : public SlipDb {
+class CarrierRoad : public ReportDb {
  protected:
   // Orders 7003, 7001, 7002 written in that order, their names telling them apart.
   void InsertOrders(const std::string& carrier) {
     ClearOrders();
     for (const int id : {7003, 7001, 7002}) {
-      SlipOrder order;
-      order.id = id;
+      Order order = SlipOrder(id);
       order.name = "顧客 " + std::to_string(id);
       order.carrier = carrier;
-      InsertOrder(order, false);
+      order.staged = false;
+      Insert(order);
     }
-  }
-
-  std::map<int, std::string> Waybills() {
-    std::map<int, std::string> numbers;
-    for (auto rs = Db().Open("SELECT [ID],[出荷伝票番号] FROM [CHUMON]"); !rs.Eof(); rs.MoveNext())
-      numbers[static_cast<int>(rs["ID"].Long())] = rs["出荷伝票番号"].Text();
-    return numbers;
   }
 
   long LedgerRows(int report_no) {
@@ -47,15 +39,13 @@ class CarrierRoad : public SlipDb {
 
   // The order names on the pages of the dump, page by page.
   std::vector<std::string> NamesOnPages(const std::string& dump_path, const std::string& control) {
-    std::ifstream in(dump_path, std::ios::binary);
-    std::stringstream text;
-    text << in.rdbuf();
+    const std::string text = lupin::testing::ReadBytes(dump_path);
     std::vector<std::string> names;
     std::size_t at = 0;
     const std::string key = "\"name\":\"" + control + "\"";
-    while ((at = text.str().find(key, at)) != std::string::npos) {
-      const std::size_t start = text.str().find("\"text\":\"", at) + 8;
-      names.push_back(text.str().substr(start, text.str().find('"', start) - start));
+    while ((at = text.find(key, at)) != std::string::npos) {
+      const std::size_t start = text.find("\"text\":\"", at) + 8;
+      names.push_back(text.substr(start, text.find('"', start) - start));
       at = start;
     }
     return names;
@@ -87,7 +77,7 @@ class CarrierRoad : public SlipDb {
   }
 
   void SetUp() override {
-    SlipDb::SetUp();
+    ReportDb::SetUp();
     demo::FillCatalogue(Db());
     settings::Settings settings(settings::StorePaths::InFolder(home_ / "settings"));
     // Date literals between quotes, which both engines read.

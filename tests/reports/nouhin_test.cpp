@@ -2,95 +2,89 @@
 // paging, masks, gifts, reduced rates and the variants; and the rules the pages do not show.
 #include <gtest/gtest.h>
 
-#include "document_fixture.h"
 #include "engine/display.h"
 #include "engine/text_wrap.h"
 #include "reports/documents/nouhin.h"
+#include "report_fixture.h"
 #include "support/counting_connection.h"
 
 namespace lupin::reports {
 namespace {
 
-using testing::DocLine;
-using testing::DocOrder;
+using testing::DocumentOrder;
 using testing::Lines;
+using testing::Order;
 using testing::Shown;
 
-class NouhinTest : public testing::DocumentDb {};
-
-DocOrder Order(int id, std::vector<DocLine> lines) {
-  DocOrder order;
-  order.id = id;
-  order.lines = std::move(lines);
-  return order;
-}
+class NouhinTest : public testing::ReportDb {};
 
 struct GoldenCase {
   const char* golden;
   const char* object;
-  std::vector<DocOrder> orders;
+  std::vector<Order> orders;
   std::string command = "";
   std::string format = "";
 };
 
 std::vector<GoldenCase> Cases() {
-  DocOrder gap = Order(1107, Lines(8));
+  Order gap = DocumentOrder(1107, Lines(8));
   gap.lines[5].id.clear();  // line 6 empty, 7 and 8 filled: the order ends at line 5
-  DocOrder override_first = Order(1116, Lines(16));
+  Order override_first = DocumentOrder(1116, Lines(16));
   override_first.biko1 = "お試しセット（一覧で変更）";
   override_first.bill_company = "見本商事株式会社";
   override_first.bill_department = "経理部";
   override_first.bill_name = "経理 花子";
 
-  DocOrder included = Order(1201, Lines(3));
+  Order included = DocumentOrder(1201, Lines(3));
   included.tax_included = true;
   included.points = 500;
   included.lines[1].tax_kbn = 1;
   included.lines[2].name = "特選 宇治抹茶 缶入り 100g ギフト箱入り 熨斗対応";  // above 75 bytes: two points smaller
-  DocOrder no_charges = Order(1202, Lines(2));
+  Order no_charges = DocumentOrder(1202, Lines(2));
   no_charges.postage = 0;
   no_charges.fee = 0;
 
-  DocOrder gift_atena = Order(1301, Lines(2));
+  Order gift_atena = DocumentOrder(1301, Lines(2));
   gift_atena.shop = "S2";
   gift_atena.gift_company = "贈答商事";
   gift_atena.gift_name = "佐藤 花子";
   gift_atena.gift_postcode = "530-0001";
   gift_atena.gift_address = "大阪府大阪市北区梅田1-1";
   gift_atena.gift_tel = "06-1111-2222";
-  DocOrder gift_plain = gift_atena;
+  Order gift_plain = gift_atena;
   gift_plain.id = 1302;
+  gift_plain.customer = 502;
   gift_plain.shop = "S1";
-  DocOrder no_gift_atena = Order(1303, Lines(1));
+  Order no_gift_atena = DocumentOrder(1303, Lines(1));
   no_gift_atena.shop = "S2";
 
-  DocOrder reduced = Order(1401, Lines(7));
+  Order reduced = DocumentOrder(1401, Lines(7));
   reduced.lines[6].reduced = 1;
   reduced.lines[0].reduced = 1;
   reduced.points = 300;
-  DocOrder before = Order(1402, Lines(2));
-  before.ordered = before.planned = before.shipped = before.billed = "2019/09/30";
+  Order before = DocumentOrder(1402, Lines(2));
+  before.ordered = before.planned = before.shipped = before.bill_date = "2019/09/30";
   before.lines[0].reduced = 1;
 
-  DocOrder points = Order(1501, Lines(2));
+  Order points = DocumentOrder(1501, Lines(2));
   points.points = 700;
 
-  DocOrder hidden = gift_atena;
+  Order hidden = gift_atena;
   hidden.id = 1601;
   hidden.tax_included = true;
   hidden.lines = Lines(6);
   hidden.lines[0].reduced = 1;
 
-  DocOrder invoice_s1 = reduced;
+  Order invoice_s1 = reduced;
   invoice_s1.id = 1701;
-  DocOrder invoice_s2 = Order(1702, Lines(2));
+  Order invoice_s2 = DocumentOrder(1702, Lines(2));
   invoice_s2.shop = "S2";
   invoice_s2.lines[1].reduced = 1;
 
   return {
       {"nouhin/lines.txt", "rptNouhin",
-       {Order(1101, Lines(1)), Order(1105, Lines(5)), Order(1106, Lines(6)), Order(1111, Lines(11)), override_first,
-        Order(1120, Lines(20)), gap}},
+       {DocumentOrder(1101, Lines(1)), DocumentOrder(1105, Lines(5)), DocumentOrder(1106, Lines(6)), DocumentOrder(1111, Lines(11)), override_first,
+        DocumentOrder(1120, Lines(20)), gap}},
       {"nouhin/tax_included.txt", "rptNouhin", {included, no_charges}},
       {"nouhin/gift.txt", "rptNouhin", {gift_atena, gift_plain, no_gift_atena}},
       {"nouhin/reduced.txt", "rptNouhin", {reduced, before}},
@@ -110,25 +104,25 @@ TEST_P(NouhinTest, WhatEachFormShows) {
     for (const auto& order : c.orders) Insert(order);
     const int number = std::string(c.object) == "rptNouhin" ? 0 : 56;
     if (!c.format.empty()) WriteFormat(number, c.format);
-    auto context = MakeContext(number);
+    auto context = NoteContext(number);
     context->command = c.command;
-    ExpectShown(Run(c.object, *context), c.golden);
+    ExpectShown(Run(*context, c.object), c.golden);
   }
 }
 
 TEST_P(NouhinTest, PageLayout) {
-  DocOrder order = Order(1001, Lines(3));
+  Order order = DocumentOrder(1001, Lines(3));
   order.lines[2].reduced = 1;
   order.points = 200;
   Insert(order);
-  auto context = MakeContext(0);
-  ExpectDump(Run("rptNouhin", *context), "nouhin/page.json");
+  auto context = NoteContext(0);
+  ExpectDump(Run(*context, "rptNouhin"), "nouhin/page.json");
 }
 
 TEST_P(NouhinTest, PreprintedPaperPrintsOnlyData) {
-  Insert(Order(1001, Lines(2)));
-  auto context = MakeContext(0, 1);
-  const auto pages = Run("rptNouhin", *context);
+  Insert(DocumentOrder(1001, Lines(2)));
+  auto context = NoteContext(0, 1);
+  const auto pages = Run(*context, "rptNouhin");
   ASSERT_EQ(pages.Pages().size(), 1u);
   int drawn = 0;
   for (const auto& item : pages.Pages()[0].items) {
@@ -142,13 +136,12 @@ TEST_P(NouhinTest, PreprintedPaperPrintsOnlyData) {
 }
 
 TEST_P(NouhinTest, WorkstationsAndTheStatement) {
-  DocOrder other = Order(2002, Lines(1));
+  Order other = DocumentOrder(2002, Lines(1));
   other.client = "WS2";
-  Insert(Order(2001, Lines(1)));
+  Insert(DocumentOrder(2001, Lines(1)));
   Insert(other);
-  auto context = MakeContext(0);
-  context->login.client_name = "WS1";
-  const auto pages = Run("rptNouhin", *context);
+  auto context = NoteContext(0);
+  const auto pages = Run(*context, "rptNouhin");
   ASSERT_EQ(pages.Pages().size(), 1u);
   EXPECT_EQ(Shown(pages.Pages()[0], "fldID"), "2001");
 
@@ -167,8 +160,8 @@ TEST_P(NouhinTest, WorkstationsAndTheStatement) {
 }
 
 TEST_P(NouhinTest, LookupsThatCannotChangeAreAskedOncePerRun) {
-  for (int id = 3001; id <= 3006; ++id) Insert(Order(id, Lines(id == 3001 ? 16 : 3)));
-  auto context = MakeContext(0);
+  for (int id = 3001; id <= 3006; ++id) Insert(DocumentOrder(id, Lines(id == 3001 ? 16 : 3)));
+  auto context = NoteContext(0);
   auto report = registry_.Create("rptNouhin", *context);
   engine::ApplyReportSettings(*report, context->current);
   engine::PageCollection pages;
@@ -188,12 +181,12 @@ TEST_P(NouhinTest, TaxSummariesOfALongRunAreReadAndWrittenABatchAtATime) {
   constexpr int kOrders = 520;  // two batches
   Db().BeginTrans();
   for (int n = 0; n < kOrders; ++n) {
-    DocOrder order = Order(5000 + n, Lines(1));
+    Order order = DocumentOrder(5000 + n, Lines(1));
     order.lines[0].reduced = n % 2;
     Insert(order);
   }
   Db().CommitTrans();
-  auto context = MakeContext(0);
+  auto context = NoteContext(0);
   lupin::testing::CountingConnection counting(Db());
   context->connection = &counting;
   struct Cost {
@@ -204,7 +197,7 @@ TEST_P(NouhinTest, TaxSummariesOfALongRunAreReadAndWrittenABatchAtATime) {
   const auto run = [&] {
     const long queries = counting.queries;
     const auto trips = Db().RoundTrips();
-    const auto pages = Run("rptNouhin", *context);
+    const auto pages = Run(*context, "rptNouhin");
     Cost cost{counting.queries - queries, Db().RoundTrips() - trips, ""};
     for (const auto& page : pages.Pages()) cost.reduced_words += Shown(page, "lblReducedWord1") + "\n";
     return cost;

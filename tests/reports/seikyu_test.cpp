@@ -2,31 +2,25 @@
 // of its payment slip, and the billing groups that report 24's rule writes from that table.
 #include <gtest/gtest.h>
 
-#include "document_fixture.h"
 #include "reports/documents/seikyu.h"
 #include "reports/documents/seikyu_ocr.h"
 #include "reports/documents/seikyu_work.h"
 #include "common/vb.h"
+#include "report_fixture.h"
 #include "run/ledger.h"
 
 namespace lupin::reports {
 namespace {
 
-using testing::DocLine;
-using testing::DocOrder;
 using testing::Lines;
+using testing::Order;
 using testing::Shown;
 
-class SeikyuTest : public testing::DocumentDb {
+class SeikyuTest : public testing::ReportDb {
  protected:
-  void SetUp() override {
-    DocumentDb::SetUp();
-    RegisterSeikyuReports(registry_);
-  }
-  engine::PageCollection RunStatement(const std::string& client = "WS1") {
-    auto context = MakeContext(36);
-    context->login.client_name = client;
-    return Run("rptSeikyuWell", *context);
+  engine::PageCollection RunStatement() {
+    auto context = NoteContext(36);
+    return Run(*context, "rptSeikyuWell");
   }
   // WK_SEIKYU of a workstation as "ID/ORD ID_STRING 請求額 CNT" per row.
   std::vector<std::string> Rows(const std::string& client = "WS1") {
@@ -40,27 +34,25 @@ class SeikyuTest : public testing::DocumentDb {
   }
 };
 
-DocOrder Order(int id, int lines, const std::string& bill_tel = "03-1234-5678") {
-  DocOrder order;
-  order.id = id;
-  order.lines = Lines(lines);
+Order Statement(int id, int lines, const std::string& bill_tel = "03-1234-5678") {
+  Order order = testing::DocumentOrder(id, Lines(lines));
   order.bill_tel = bill_tel;
   return order;
 }
 
 TEST_P(SeikyuTest, OnePagePerTenLinesAndTheLastPageNamesTheOrder) {
-  DocOrder eleven = Order(4011, 11);
-  DocOrder ten = Order(4010, 10);
+  Order eleven = Statement(4011, 11);
+  Order ten = Statement(4010, 10);
   Insert(ten);
   Insert(eleven);
-  Insert(Order(4020, 20));
+  Insert(Statement(4020, 20));
   // A stale row of this workstation goes, another workstation's stays.
   Db().Execute("INSERT INTO [WK_SEIKYU]([ID],[ORD],[CLIENT_NAME]) VALUES(9,1,'WS1')");
   Db().Execute("INSERT INTO [WK_SEIKYU]([ID],[ORD],[ID_STRING],[CLIENT_NAME]) VALUES(8,1,'8','WS2')");
   Db().Execute("INSERT INTO [PRINTED]([REPORT_NO],[ID],[UPDATE],[CNT]) VALUES(36,4011,20240601,3)");
   const auto pages = RunStatement();
   const std::string t10 = std::to_string(ten.Billed()), t11 = std::to_string(eleven.Billed()),
-                    t20 = std::to_string(Order(4020, 20).Billed());
+                    t20 = std::to_string(Statement(4020, 20).Billed());
   EXPECT_EQ(Rows(), (std::vector<std::string>{"4010/1 4010 " + t10 + " 0", "4011/1 NULL " + t11 + " 3",
                                                "4011/2 4011 " + t11 + " 3", "4020/1 NULL " + t20 + " 0",
                                                "4020/2 4020 " + t20 + " 0"}));
@@ -72,7 +64,7 @@ TEST_P(SeikyuTest, OnePagePerTenLinesAndTheLastPageNamesTheOrder) {
 }
 
 TEST_P(SeikyuTest, ACustomersOrdersAreNeverSummedIntoOneStatement) {
-  const DocOrder orders[] = {Order(4100, 3, "03-9999-0000"), Order(4101, 2, "03-9999-0000"), Order(4102, 1, "03-1111-0000")};
+  const Order orders[] = {Statement(4100, 3, "03-9999-0000"), Statement(4101, 2, "03-9999-0000"), Statement(4102, 1, "03-1111-0000")};
   for (const auto& order : orders) Insert(order);
   const auto pages = RunStatement();
   ASSERT_EQ(pages.Pages().size(), 3u);
@@ -85,11 +77,11 @@ TEST_P(SeikyuTest, ACustomersOrdersAreNeverSummedIntoOneStatement) {
 }
 
 TEST_P(SeikyuTest, WhatEachPageShows) {
-  DocOrder long_text = Order(4201, 11);
+  Order long_text = Statement(4201, 11);
   long_text.lines[1].name = std::string(45, 'x');  // 45 + 3 + colour + 3 + size: cut at 50
   long_text.lines[1].color = "紺";
   long_text.lines[1].size = "XL";
-  DocOrder included = Order(4202, 2);
+  Order included = Statement(4202, 2);
   included.tax_included = true;
   included.gift_name = "佐藤 花子";
   included.bill_company = "見本商事株式会社";
@@ -101,8 +93,8 @@ TEST_P(SeikyuTest, WhatEachPageShows) {
 }
 
 TEST_P(SeikyuTest, ReportTwentyFourBooksTheStatementsOfReportThirtySix) {
-  Insert(Order(4301, 12));
-  Insert(Order(4302, 1));
+  Insert(Statement(4301, 12));
+  Insert(Statement(4302, 1));
   Db().Execute("INSERT INTO [SEIKYU_S] VALUES(4302,4000)");  // an old group of 4302 is replaced
   RunStatement();
   const auto result = run::WritePreviewLedger(Db(), "WS1", 24, false, "20240601");

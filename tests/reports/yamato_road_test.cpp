@@ -4,51 +4,41 @@
 // print of the same preview books no second ledger row.
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <map>
 #include <set>
-#include <sstream>
 
 #include "db/connection.h"
 #include "demo/demo_data.h"
 #include "entry/ui.h"
-#include "run/headless_run.h"
 #include "run/preview_form.h"
 #include "run/preview_runner_engine.h"
 #include "run/print_form.h"
 #include "run/select_form.h"
-#include "slip_fixture.h"
+#include "report_fixture.h"
 
 namespace lupin::reports::testing {
 namespace {
 
 constexpr int kYamatoIds[] = {3001, 3002, 3003};
 
-class YamatoRoad : public SlipDb {
+class YamatoRoad : public ReportDb {
  protected:
   void SetUp() override {
-    SlipDb::SetUp();
+    ReportDb::SetUp();
     demo::FillCatalogue(Db());
     for (const int id : kYamatoIds) {
-      SlipOrder order;
-      order.id = id;
+      Order order = SlipOrder(id);
       order.name = "顧客 " + std::to_string(id);
       order.time_band = "14-16";
-      InsertOrder(order, false);
+      order.staged = false;
+      Insert(order);
     }
-    SlipOrder sagawa;
-    sagawa.id = 3004;
+    Order sagawa = SlipOrder(3004);
     sagawa.carrier = "佐川急便";
-    InsertOrder(sagawa, false);
+    sagawa.staged = false;
+    Insert(sagawa);
   }
 
-  // id → 出荷伝票番号
-  std::map<int, std::string> Waybills() {
-    std::map<int, std::string> numbers;
-    for (auto rs = Db().Open("SELECT [ID],[出荷伝票番号] FROM [CHUMON]"); !rs.Eof(); rs.MoveNext())
-      numbers[static_cast<int>(rs["ID"].Long())] = rs["出荷伝票番号"].Text();
-    return numbers;
-  }
   // id → (rows of the ledger, [UPDATE]) for report 25
   std::map<int, std::pair<long, std::string>> Ledger() {
     std::map<int, std::pair<long, std::string>> rows;
@@ -59,16 +49,10 @@ class YamatoRoad : public SlipDb {
     }
     return rows;
   }
-  std::string ReadFile(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
-  }
 };
 
 TEST_P(YamatoRoad, SelectListStagePreviewPrintTwice) {
-  auto context = MakeContext(25);
+  auto context = SlipContext(25);
   entry::RecordingUi ui;
   run::SelectForm select(*context, ui);
   select.Form_Load();
@@ -100,7 +84,7 @@ TEST_P(YamatoRoad, SelectListStagePreviewPrintTwice) {
   ASSERT_TRUE(preview.S_DisplayReport()) << runner.Message();
   EXPECT_EQ(runner.Pages(), 3);
   EXPECT_EQ(runner.RecordCount(), 3);
-  const std::string dump = ReadFile(outputs.dump);
+  const std::string dump = lupin::testing::ReadBytes(outputs.dump);
   for (const int id : kYamatoIds) EXPECT_NE(dump.find("顧客 " + std::to_string(id)), std::string::npos) << id;
   // The preview writes nothing: no ledger, no waybill number, nothing printed yet.
   EXPECT_TRUE(Ledger().empty());
@@ -109,7 +93,7 @@ TEST_P(YamatoRoad, SelectListStagePreviewPrintTwice) {
 
   preview.ledger_date = "20240610";
   ASSERT_TRUE(preview.cmdPrint()) << runner.Message();
-  EXPECT_EQ(ReadFile(outputs.print_pdf).substr(0, 5), "%PDF-");
+  EXPECT_EQ(lupin::testing::ReadBytes(outputs.print_pdf).substr(0, 5), "%PDF-");
   const auto numbers = Waybills();
   std::set<std::string> assigned;
   for (const int id : kYamatoIds) assigned.insert(numbers.at(id));
@@ -125,36 +109,6 @@ TEST_P(YamatoRoad, SelectListStagePreviewPrintTwice) {
   ledger = Ledger();
   ASSERT_EQ(ledger.size(), 3u);
   for (const int id : kYamatoIds) EXPECT_EQ(ledger[id], std::make_pair(1L, std::string("20240611"))) << id;
-}
-
-TEST_P(YamatoRoad, RunCommandPrintsToAFileAfterBooking) {
-  run::RunOptions options;
-  options.db_url = lupin::testing::UrlOf(Db());
-  options.login_user = "山田";
-  options.login_number = 1;
-  options.client_name = "WS1";
-  options.home = home_.string();
-  options.settings_dir = (home_ / "settings").string();
-  options.report = 25;
-  options.clear_criteria = true;
-  options.date = run::Range{"2024/06/01", "2024/06/30"};
-  options.denno = "001234567891";
-  options.quiet = true;
-  options.book = true;
-  options.outputs.print = true;
-  options.outputs.print_pdf = (home_ / "slips.pdf").string();
-  std::ostringstream out, err;
-  run::EnginePreviewRunner runner(run::ReportObjects(), options.outputs);
-  ASSERT_EQ(run::RunHeadless(options, out, err, &runner), 0) << err.str();
-  EXPECT_EQ(runner.Pages(), 3);
-  EXPECT_EQ(ReadFile(home_ / "slips.pdf").substr(0, 5), "%PDF-");
-  std::set<std::string> assigned;
-  for (const auto& [id, number] : Waybills()) {
-    if (id != 3004) assigned.insert(number);
-  }
-  // The first number keeps the typed zeros, the next ones lose them.
-  EXPECT_EQ(assigned, (std::set<std::string>{"001234567891", "1234567902", "1234567913"}));
-  EXPECT_EQ(Ledger().size(), 3u);
 }
 
 LUPIN_INSTANTIATE_ENGINES(YamatoRoad);

@@ -1,23 +1,17 @@
 // The postal transfer form: account and amount boxes, the payer block and memos filled per order.
 #include <gtest/gtest.h>
 
-#include "document_fixture.h"
-#include "reports/documents/yubin_furikae.h"
+#include "report_fixture.h"
 
 namespace lupin::reports {
 namespace {
 
-using testing::DocOrder;
+using testing::DocumentOrder;
 using testing::Lines;
+using testing::Order;
 using testing::Shown;
 
-class YubinFurikaeTest : public testing::DocumentDb {
- protected:
-  void SetUp() override {
-    DocumentDb::SetUp();
-    RegisterYubinFurikaeReport(registry_);
-  }
-};
+using YubinFurikaeTest = testing::ReportDb;
 
 std::string Boxes(const engine::Page& page, const std::string& prefix, int first, int last) {
   std::string text;
@@ -29,21 +23,16 @@ std::string Boxes(const engine::Page& page, const std::string& prefix, int first
 }
 
 TEST_P(YubinFurikaeTest, BoxesPayerAndMemos) {
-  DocOrder plain;
-  plain.id = 5001;
-  plain.lines = Lines(2);
-  plain.bill_company.clear();
-  DocOrder company = plain;
-  company.id = 5002;
-  company.lines = Lines(9);
+  Order plain = DocumentOrder(5001, Lines(2));
+  Order company = DocumentOrder(5002, Lines(9));
   company.bill_company = "見本商事株式会社";
   company.bill_department = "経理部";
   company.bill_name = "経理 花子";
   Insert(plain);
   Insert(company);
-  auto context = MakeContext(1);
+  auto context = NoteContext(1);
   context->current.memo = {"ご注文番号 <@ID@> のお支払い", "お届け先 <@氏名@> 様", "<いつもありがとうございます>"};
-  const auto pages = Run("rptYubinFurikae", *context);
+  const auto pages = Run(*context, "rptYubinFurikae");
   ASSERT_EQ(pages.Pages().size(), 2u);
   const auto& first = pages.Pages()[0];
   const auto& second = pages.Pages()[1];
