@@ -57,8 +57,10 @@ void PdfFile::Start(int number) {
 void PdfFile::Object(int number, std::string_view body) {
   Start(number);
   Write(body);
-  Write("\nendobj\n");
+  EndObject();
 }
+
+void PdfFile::BeginObject(int number) { Start(number); }
 
 void PdfFile::Stream(int number, std::string_view dictionary, std::string_view data) {
   Start(number);
@@ -74,24 +76,26 @@ void PdfFile::Stream(int number, std::string_view dictionary, std::string_view d
 
 bool PdfFile::Finish(int root, int info) {
   const std::uint64_t xref = offset_;
-  std::string table = "xref\n0 ";
-  AppendInt(table, static_cast<std::int64_t>(offsets_.size()));
-  table += "\n0000000000 65535 f \n";
+  scratch_ = "xref\n0 ";
+  AppendInt(scratch_, static_cast<std::int64_t>(offsets_.size()));
+  scratch_ += "\n0000000000 65535 f \n";
+  Write(scratch_);
+  // Entry by entry through the file's buffer: the table of a long run is megabytes.
   for (std::size_t n = 1; n < offsets_.size(); ++n) {
     char entry[21];
     std::snprintf(entry, sizeof entry, "%010llu 00000 n \n", static_cast<unsigned long long>(offsets_[n]));
-    table.append(entry, 20);
+    Write(std::string_view(entry, 20));
   }
-  table += "trailer\n<< /Size ";
-  AppendInt(table, static_cast<std::int64_t>(offsets_.size()));
-  table += " /Root ";
-  AppendInt(table, root);
-  table += " 0 R /Info ";
-  AppendInt(table, info);
-  table += " 0 R >>\nstartxref\n";
-  AppendInt(table, static_cast<std::int64_t>(xref));
-  table += "\n%%EOF\n";
-  Write(table);
+  scratch_ = "trailer\n<< /Size ";
+  AppendInt(scratch_, static_cast<std::int64_t>(offsets_.size()));
+  scratch_ += " /Root ";
+  AppendInt(scratch_, root);
+  scratch_ += " 0 R /Info ";
+  AppendInt(scratch_, info);
+  scratch_ += " 0 R >>\nstartxref\n";
+  AppendInt(scratch_, static_cast<std::int64_t>(xref));
+  scratch_ += "\n%%EOF\n";
+  Write(scratch_);
   if (file_ != nullptr && std::fclose(file_) != 0) failed_ = true;
   file_ = nullptr;
   return !failed_;

@@ -4,6 +4,7 @@
 // before it is written.
 #include <cstdint>
 #include <cstdio>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +26,10 @@ class PdfFile {
   int Reserve();
   // "n 0 obj" … "endobj" around body.
   void Object(int number, std::string_view body);
+  // The same written in pieces, for a body too long to build first (the page tree's list).
+  void BeginObject(int number);
+  void Append(std::string_view piece) { Write(piece); }
+  void EndObject() { Write("\nendobj\n"); }
   // A stream object; dictionary holds the entries besides /Length.
   void Stream(int number, std::string_view dictionary, std::string_view data);
   // The cross-reference table and trailer, then closes the file; false when any write failed.
@@ -38,7 +43,9 @@ class PdfFile {
   std::FILE* file_ = nullptr;
   std::vector<char> buffer_;
   std::uint64_t offset_ = 0;
-  std::vector<std::uint64_t> offsets_{0};  // by object number; 0 is the free list's head
+  // By object number; 0 is the free list's head. A deque grows without copying: a long run has
+  // two objects a page.
+  std::deque<std::uint64_t> offsets_{0};
   std::string scratch_;
   bool failed_ = false;
 };

@@ -54,7 +54,9 @@ struct PdfRenderer::Impl {
   PageDrawer drawer;  // its preparing half only
   std::string path;
   int catalog = 0, pages_root = 0, resources = 0, info = 0;
-  std::vector<int> page_objects;
+  // Pages take two objects each, content then page, numbered on from the first page's content.
+  int first_page_content = 0;
+  std::int64_t pages_written = 0;
   double width = 595.28, height = 841.89;  // A4 until a page says otherwise
   std::uint64_t laid_out = 0;
 
@@ -78,6 +80,7 @@ struct PdfRenderer::Impl {
   // Under no lock: only one thread writes at a time.
   void Write(const PageJob& job) {
     const int content = file.Reserve(), page = file.Reserve();
+    if (pages_written == 0) first_page_content = content;
     file.Stream(content, "/Filter /FlateDecode", job.content);
     std::string body = "<< /Type /Page /Parent ";
     pdf::AppendInt(body, pages_root);
@@ -91,7 +94,7 @@ struct PdfRenderer::Impl {
     pdf::AppendInt(body, content);
     body += " 0 R >>";
     file.Object(page, body);
-    page_objects.push_back(page);
+    ++pages_written;
     problems.insert(problems.end(), job.problems.begin(), job.problems.end());
     if (file.Failed()) throw RenderError("PDF ファイル '" + path + "' に書き込めません: " + std::strerror(errno));
   }
@@ -255,15 +258,19 @@ void PdfRenderer::End() {
   std::string body = "<< /Font << " + font_entries + ">> /ProcSet [/PDF /Text] >>";
   impl.file.Object(impl.resources, body);
   body = "<< /Type /Pages /Count ";
-  pdf::AppendInt(body, static_cast<std::int64_t>(impl.page_objects.size()));
+  pdf::AppendInt(body, impl.pages_written);
   body += " /Kids [";
-  for (std::size_t i = 0; i < impl.page_objects.size(); ++i) {
+  impl.file.BeginObject(impl.pages_root);
+  impl.file.Append(body);
+  for (std::int64_t i = 0; i < impl.pages_written; ++i) {
+    body.clear();
     if (i > 0) body += ' ';
-    pdf::AppendInt(body, impl.page_objects[i]);
+    pdf::AppendInt(body, impl.first_page_content + 2 * i + 1);
     body += " 0 R";
+    impl.file.Append(body);
   }
-  body += "] >>";
-  impl.file.Object(impl.pages_root, body);
+  impl.file.Append("] >>");
+  impl.file.EndObject();
   body = "<< /Type /Catalog /Pages ";
   pdf::AppendInt(body, impl.pages_root);
   body += " 0 R >>";
