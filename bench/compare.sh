@@ -100,7 +100,7 @@ if [ -n "${LUPIN_TEST_PG_URL:-}" ]; then
   allt=$(for ((i = 0; i < 3; i++)); do seconds "$lp" tax --db "$url" --all --settings "$work/settings"; done | stats)
   row "tax, one order (round trips)" "$base" "" "≤ 2 per order"
   row "tax --all, 1,000 orders (round trips)" "$all ($allt s)" "" "one batch"
-  psql -q "$LUPIN_TEST_PG_URL" -c "DROP SCHEMA $schema CASCADE" >/dev/null
+  PGOPTIONS=--client-min-messages=warning psql -q "$LUPIN_TEST_PG_URL" -c "DROP SCHEMA $schema CASCADE" >/dev/null
 else
   row "tax on PostgreSQL" "LUPIN_TEST_PG_URL not set" "" ""
 fi

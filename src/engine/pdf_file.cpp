@@ -12,13 +12,27 @@ namespace {
 constexpr std::size_t kBufferBytes = 1 << 20;
 }
 
-void Deflate(std::string_view data, std::string& out) {
-  uLongf size = compressBound(static_cast<uLong>(data.size()));
-  out.resize(size);
-  const int status = compress2(reinterpret_cast<Bytef*>(out.data()), &size, reinterpret_cast<const Bytef*>(data.data()),
-                               static_cast<uLong>(data.size()), Z_DEFAULT_COMPRESSION);
-  if (status != Z_OK) throw std::bad_alloc();  // the only failure with a bound-sized buffer
-  out.resize(size);
+struct Deflater::State {
+  z_stream stream{};
+};
+
+Deflater::Deflater() : state_(std::make_unique<State>()) {
+  if (deflateInit(&state_->stream, Z_DEFAULT_COMPRESSION) != Z_OK) throw std::bad_alloc();
+}
+
+Deflater::~Deflater() { deflateEnd(&state_->stream); }
+
+void Deflater::Compress(std::string_view data, std::string& out) {
+  z_stream& z = state_->stream;
+  deflateReset(&z);
+  out.resize(deflateBound(&z, static_cast<uLong>(data.size())));
+  z.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(data.data()));
+  z.avail_in = static_cast<uInt>(data.size());
+  z.next_out = reinterpret_cast<Bytef*>(out.data());
+  z.avail_out = static_cast<uInt>(out.size());
+  // The output is bound-sized, so one call finishes the stream.
+  if (deflate(&z, Z_FINISH) != Z_STREAM_END) throw std::bad_alloc();
+  out.resize(out.size() - z.avail_out);
 }
 
 PdfFile::~PdfFile() {

@@ -5,14 +5,29 @@
 #include <cstdint>
 #include <cstdio>
 #include <deque>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace lupin::engine::pdf {
 
-// data compressed for a /FlateDecode stream into out (replaced); safe on any thread.
-void Deflate(std::string_view data, std::string& out);
+// Compresses streams for /FlateDecode. Keeps its compressor's state (some 270 KB) from one stream
+// to the next: made and freed per page it would cost the heap a grow and a trim every page. One
+// per thread.
+class Deflater {
+ public:
+  Deflater();
+  ~Deflater();
+  Deflater(const Deflater&) = delete;
+  Deflater& operator=(const Deflater&) = delete;
+  // out is replaced by the compressed data.
+  void Compress(std::string_view data, std::string& out);
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
 
 class PdfFile {
  public:

@@ -224,6 +224,7 @@ const FontUse* Fonts::Use(cairo_scaled_font_t* font) {
 
 std::string Fonts::Embed(PdfFile& file) {
   std::string resources;
+  Deflater deflater;
   for (FontFace* face : order_) {
     std::vector<std::uint32_t> glyphs{0};
     for (std::size_t g = 1; g < face->glyph_count; ++g) {
@@ -245,7 +246,7 @@ std::string Fonts::Embed(PdfFile& file) {
     const int type0 = file.Reserve(), cid = file.Reserve(), descriptor = file.Reserve(), program = file.Reserve(),
               unicode = file.Reserve();
     std::string compressed;
-    Deflate(font_file, compressed);
+    deflater.Compress(font_file, compressed);
     std::string dictionary = "/Filter /FlateDecode ";
     if (face->cff) {
       dictionary += "/Subtype /OpenType";
@@ -254,7 +255,7 @@ std::string Fonts::Embed(PdfFile& file) {
       AppendInt(dictionary, static_cast<std::int64_t>(font_file.size()));
     }
     file.Stream(program, dictionary, compressed);
-    Deflate(to_unicode, compressed);
+    deflater.Compress(to_unicode, compressed);
     file.Stream(unicode, "/Filter /FlateDecode", compressed);
 
     std::string body = "<< /Type /FontDescriptor /FontName " + base + " /Flags 4 /FontBBox [";

@@ -62,8 +62,14 @@ struct PdfRenderer::Impl {
 
   std::vector<std::thread> drawers;
   std::mutex mutex;
-  std::condition_variable changed;
+  std::condition_variable work;      // a page waits to be drawn, or the drawers are to stop
+  std::condition_variable progress;  // a page was written, or the run failed
   std::deque<std::unique_ptr<PageJob>> waiting;           // laid out, not drawn
+  // Written pages' jobs, taken again by the layout: their buffers keep their size, so a page costs
+  // no allocation on one thread and release on another.
+  std::vector<std::unique_ptr<PageJob>> spare;
+  std::string caller_scratch;  // the uncompressed page when the caller draws
+  pdf::Deflater caller_deflater;
   std::map<std::uint64_t, std::unique_ptr<PageJob>> drawn;  // drawn, waiting for their turn
   std::uint64_t next_to_write = 0;
   std::size_t in_flight = 0;
@@ -72,9 +78,9 @@ struct PdfRenderer::Impl {
   std::exception_ptr failure;
   std::vector<std::string> problems;  // in page order
 
-  static void Draw(PageJob& job, std::string& scratch) {
+  static void Draw(PageJob& job, std::string& scratch, pdf::Deflater& deflater) {
     pdf::WritePageContent(job.page, job.preparation, job.fonts, job.height, scratch, job.problems);
-    pdf::Deflate(scratch, job.content);
+    deflater.Compress(scratch, job.content);
   }
 
   // Under no lock: only one thread writes at a time.
@@ -119,31 +125,34 @@ struct PdfRenderer::Impl {
         break;
       }
       lock.lock();
+      turn->problems.clear();
+      spare.push_back(std::move(turn));
       ++next_to_write;
       --in_flight;
-      changed.notify_all();
+      progress.notify_all();
     }
     writing = false;
-    changed.notify_all();
+    if (failure) progress.notify_all();
   }
 
   void DrawerLoop() {
     std::string scratch;
+    pdf::Deflater deflater;
     for (;;) {
       std::unique_ptr<PageJob> job;
       {
         std::unique_lock lock(mutex);
-        changed.wait(lock, [&] { return !waiting.empty() || closing; });
+        work.wait(lock, [&] { return !waiting.empty() || closing; });
         if (waiting.empty() || failure) return;
         job = std::move(waiting.front());
         waiting.pop_front();
       }
       try {
-        Draw(*job, scratch);
+        Draw(*job, scratch, deflater);
       } catch (...) {
         std::lock_guard lock(mutex);
         failure = std::current_exception();
-        changed.notify_all();
+        progress.notify_all();
         return;
       }
       Finished(std::move(job));
@@ -156,7 +165,7 @@ struct PdfRenderer::Impl {
       closing = true;
       waiting.clear();  // an abandoned run's pages are not drawn
     }
-    changed.notify_all();
+    work.notify_all();
     for (std::thread& t : drawers) t.join();
     drawers.clear();
   }
@@ -195,7 +204,15 @@ void PdfRenderer::Begin(const DocumentInfo& info) {
 void PdfRenderer::AddPage(const Page& page) {
   if (!impl_) throw RenderError("PDF の出力が開始されていません");
   Impl& impl = *impl_;
-  auto job = std::make_unique<PageJob>();
+  std::unique_ptr<PageJob> job;
+  {
+    std::lock_guard lock(impl.mutex);
+    if (!impl.spare.empty()) {
+      job = std::move(impl.spare.back());
+      impl.spare.pop_back();
+    }
+  }
+  if (!job) job = std::make_unique<PageJob>();
   job->sequence = impl.laid_out++;
   job->page = page;
   if (page.width > 0 && page.height > 0) {
@@ -208,11 +225,12 @@ void PdfRenderer::AddPage(const Page& page) {
   pdf::CollectFonts(job->preparation, impl.fonts, job->fonts);
   try {
     if (impl.drawers.empty()) {
-      std::string scratch;
-      Impl::Draw(*job, scratch);
+      Impl::Draw(*job, impl.caller_scratch, impl.caller_deflater);
       impl.Write(*job);
       problems_.insert(problems_.end(), impl.problems.begin(), impl.problems.end());
       impl.problems.clear();
+      job->problems.clear();
+      impl.spare.push_back(std::move(job));
       ++pages_;
       return;
     }
@@ -223,7 +241,7 @@ void PdfRenderer::AddPage(const Page& page) {
   std::exception_ptr failure;
   {
     std::unique_lock lock(impl.mutex);
-    impl.changed.wait(lock, [&] { return impl.in_flight < kPagesInFlight || impl.failure; });
+    impl.progress.wait(lock, [&] { return impl.in_flight < kPagesInFlight || impl.failure; });
     failure = impl.failure;
     if (!failure) {
       impl.waiting.push_back(std::move(job));
@@ -234,7 +252,7 @@ void PdfRenderer::AddPage(const Page& page) {
     impl_.reset();
     std::rethrow_exception(failure);
   }
-  impl.changed.notify_all();
+  impl.work.notify_one();
   ++pages_;
 }
 
@@ -244,7 +262,7 @@ void PdfRenderer::End() {
   std::exception_ptr failure;
   {
     std::unique_lock lock(impl.mutex);
-    impl.changed.wait(lock, [&] { return impl.in_flight == 0 || impl.failure; });
+    impl.progress.wait(lock, [&] { return impl.in_flight == 0 || impl.failure; });
     failure = impl.failure;
   }
   impl.StopDrawers();
