@@ -3,6 +3,7 @@
 // many there are ("page N of M"). Memory stays flat however long the run.
 #include <cstdio>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "engine/page_model.h"
@@ -25,6 +26,7 @@ class PageSpool {
  private:
   std::FILE* file_ = nullptr;
   int count_ = 0;
+  std::string buffer_;  // one page's bytes, kept for its capacity
 };
 
 }  // namespace lupin::engine
