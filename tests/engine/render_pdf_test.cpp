@@ -106,7 +106,7 @@ TEST_F(PdfOutput, TwoThreadsWriteTheFileOneThreadWrites) {
 }
 
 // The PDF, rasterised by a reader, shows what the preview's raster shows: text in its place,
-// weight and alignment, every kind of shape, lines, colours and a customer bar code.
+// weight, slant and alignment, every kind of shape, lines, colours and a customer bar code.
 TEST_F(PdfOutput, ReaderShowsWhatThePreviewDraws) {
   Page page = A4Page();
   page.items.push_back(Label("lblLeft", "納品書 ご請求額 ¥12,345", 600, 600, 6000, 400, "ＭＳ 明朝", 14));
@@ -118,6 +118,8 @@ TEST_F(PdfOutput, ReaderShowsWhatThePreviewDraws) {
   page.items.back().alignment = Alignment::Center;
   page.items.back().font.underline = true;
   page.items.push_back(Label("lblWrap", "東京都渋谷区神宮前三丁目十二番八号 ルパンビル二階 総務部 御中", 600, 3000, 3000, 900, "ＭＳ 明朝", 11));
+  page.items.push_back(Label("lblItalic", "Italic 斜体", 7000, 1800, 3000, 500, "ＭＳ 明朝", 20));
+  page.items.back().font.italic = true;
   page.items.push_back(Label("lblBack", "白抜き", 7000, 600, 3000, 500, "ＭＳ ゴシック", 14));
   page.items.back().back_color = 0x000000;
   page.items.back().fore_color = 0xFFFFFF;
