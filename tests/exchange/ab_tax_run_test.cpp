@@ -39,23 +39,18 @@ TEST_P(ABTaxRunTest, AThousandOrdersCostAFewStatements) {
   env.context.dialect = 0;
 
   // First without CHUMON_T rows (each order calculated and written), then with them.
-  struct Cost {
-    long queries;
-    std::uint64_t round_trips;
-    std::string file;
-  };
   const auto run = [&] {
-    const long queries = counting.queries;
-    const auto trips = Db().RoundTrips();
-    ABUriageExport writer;
-    EXPECT_EQ(writer.Export(env.context, env.ui, grid, env.Out()), kExportDone) << writer.ErrorText();
-    return Cost{counting.queries - queries, Db().RoundTrips() - trips, ReadBytes(env.Out())};
+    return lupin::testing::CostOf(counting, Db(), [&] {
+      ABUriageExport writer;
+      EXPECT_EQ(writer.Export(env.context, env.ui, grid, env.Out()), kExportDone) << writer.ErrorText();
+      return ReadBytes(env.Out());
+    });
   };
-  const Cost cold = run();
+  const auto cold = run();
   EXPECT_EQ(Db().Open("SELECT COUNT(*) AS N FROM [CHUMON_T]")["N"].Long(), kOrders);
-  const Cost warm = run();
-  EXPECT_EQ(cold.file, warm.file) << "a calculated tax is the one CHUMON_T then holds";
-  EXPECT_NE(text::FromCp932(cold.file).find("\"消費税\",80,1,"), std::string::npos) << "order 1: 8 % of 1001";
+  const auto warm = run();
+  EXPECT_EQ(cold.output, warm.output) << "a calculated tax is the one CHUMON_T then holds";
+  EXPECT_NE(text::FromCp932(cold.output).find("\"消費税\",80,1,"), std::string::npos) << "order 1: 8 % of 1001";
 
   // Per batch of 500: the orders, their CHUMON_T rows, the orders to calculate.
   EXPECT_LE(cold.queries, 12);

@@ -189,24 +189,19 @@ TEST_P(NouhinTest, TaxSummariesOfALongRunAreReadAndWrittenABatchAtATime) {
   auto context = NoteContext(0);
   lupin::testing::CountingConnection counting(Db());
   context->connection = &counting;
-  struct Cost {
-    long queries;
-    std::uint64_t round_trips;
-    std::string reduced_words;
-  };
   const auto run = [&] {
-    const long queries = counting.queries;
-    const auto trips = Db().RoundTrips();
-    const auto pages = Run(*context, "rptNouhin");
-    Cost cost{counting.queries - queries, Db().RoundTrips() - trips, ""};
-    for (const auto& page : pages.Pages()) cost.reduced_words += Shown(page, "lblReducedWord1") + "\n";
-    return cost;
+    return lupin::testing::CostOf(counting, Db(), [&] {
+      std::string reduced_words;
+      const auto pages = Run(*context, "rptNouhin");
+      for (const auto& page : pages.Pages()) reduced_words += Shown(page, "lblReducedWord1") + "\n";
+      return reduced_words;
+    });
   };
-  const Cost cold = run();
+  const auto cold = run();
   EXPECT_EQ(Db().Open("SELECT COUNT(*) AS N FROM [CHUMON_T]")["N"].Long(), kOrders);
-  const Cost warm = run();
-  EXPECT_EQ(cold.reduced_words, warm.reduced_words);
-  EXPECT_NE(cold.reduced_words.find("8%対象"), std::string::npos);
+  const auto warm = run();
+  EXPECT_EQ(cold.output, warm.output);
+  EXPECT_NE(cold.output.find("8%対象"), std::string::npos);
   EXPECT_LE(cold.queries - warm.queries, 4) << "the TAX table once, the orders to calculate once a batch";
   if (GetParam() == db::Engine::Postgres) {
     EXPECT_LE(cold.round_trips - warm.round_trips, 12u) << "the 1,040 rewrites travel 200 statements a send";

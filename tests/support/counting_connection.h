@@ -2,7 +2,9 @@
 // A run's connection with the statements that return rows counted, so that a test sees what a
 // run asks the database whatever the engine counts as a round trip.
 #include <cstdint>
+#include <string>
 #include <string_view>
+#include <utility>
 
 #include "db/connection.h"
 
@@ -28,5 +30,21 @@ class CountingConnection final : public db::Connection {
  private:
   db::Connection& inner_;
 };
+
+// What one run cost the database, and what it made (a file's bytes, the words of its pages).
+struct RunCost {
+  long queries;
+  std::uint64_t round_trips;
+  std::string output;
+};
+
+// Runs run() (which returns its output) and counts its statements and round trips.
+template <class Run>
+RunCost CostOf(CountingConnection& counting, const db::Connection& inner, Run&& run) {
+  const long queries = counting.queries;
+  const std::uint64_t trips = inner.RoundTrips();
+  std::string output = run();
+  return {counting.queries - queries, inner.RoundTrips() - trips, std::move(output)};
+}
 
 }  // namespace lupin::testing
